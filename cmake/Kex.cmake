@@ -1,0 +1,109 @@
+# SPDX-License-Identifier: LicenseRef-ORVALD
+# The few target kinds of this project. Every rule that keeps the layers apart stands here, so
+# that a folder's CMakeLists.txt names only its sources and what it rests on.
+
+# Flags of every target: our warnings are errors; hidden visibility and no "unique" symbols, so that
+# a module really leaves memory when it is unloaded; no fused multiply-add, so that equal input gives
+# equal bits on every machine.
+add_library(kex_flags INTERFACE)
+target_compile_features(kex_flags INTERFACE cxx_std_20)
+target_compile_options(kex_flags INTERFACE
+    -Wall -Wextra -Wshadow -Wconversion -Wnon-virtual-dtor -Werror
+    -ffp-contract=off -fvisibility=hidden -fvisibility-inlines-hidden)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(kex_flags INTERFACE -fno-gnu-unique)
+endif()
+if(KEX_SANITIZE)
+    target_compile_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE} -fno-omit-frame-pointer
+        -fno-sanitize-recover=undefined)
+    target_link_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE})
+endif()
+
+# Kernel and module code: a processor fault may be thrown out of any instruction (the fault guard).
+add_library(kex_guarded_flags INTERFACE)
+target_link_libraries(kex_guarded_flags INTERFACE kex_flags)
+target_compile_options(kex_guarded_flags INTERFACE -fnon-call-exceptions)
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+# Public headers: everything under include/, each compiled alone by the target all_verify_interface_header_sets.
+function(kex_public_headers target dir)
+    if(EXISTS ${PROJECT_SOURCE_DIR}/${dir}/include)
+        file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${dir}/include/*.h)
+        get_target_property(kind ${target} TYPE)
+        set(scope PUBLIC)
+        if(kind STREQUAL "INTERFACE_LIBRARY")
+            set(scope INTERFACE)
+        endif()
+        target_sources(${target} ${scope} FILE_SET HEADERS
+            BASE_DIRS ${PROJECT_SOURCE_DIR}/${dir}/include FILES ${headers})
+        set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+    endif()
+endfunction()
+
+# kex_library(name DIR dir [SHARED output-name] [GUARDED] [DEPS ...] [PRIVATE_DEPS ...] SOURCES ...)
+# Sources are relative to DIR. SHARED makes a library of that file name beside the module.
+function(kex_library name)
+    cmake_parse_arguments(A "GUARDED" "DIR;SHARED" "DEPS;PRIVATE_DEPS;SOURCES" ${ARGN})
+    list(TRANSFORM A_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${A_DIR}/)
+    if(A_SHARED)
+        add_library(${name} SHARED ${A_SOURCES})
+        set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${A_SHARED})
+        target_link_options(${name} PRIVATE $<$<NOT:$<BOOL:${KEX_SANITIZE}>>:-Wl,-z,defs>)
+    else()
+        add_library(${name} STATIC ${A_SOURCES})
+    endif()
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/${A_DIR})
+    if(A_GUARDED)
+        target_link_libraries(${name} PRIVATE kex_guarded_flags)
+    else()
+        target_link_libraries(${name} PRIVATE kex_flags)
+    endif()
+    target_link_libraries(${name} PUBLIC ${A_DEPS} PRIVATE ${A_PRIVATE_DEPS})
+    target_compile_features(${name} PUBLIC cxx_std_20)
+    kex_public_headers(${name} ${A_DIR})
+endfunction()
+
+# kex_module(name FILE file.arx DIR dir DEPS ... SOURCES ...): a module that the host loads at run time.
+function(kex_module name)
+    cmake_parse_arguments(A "" "DIR;FILE" "DEPS;SOURCES" ${ARGN})
+    list(TRANSFORM A_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${A_DIR}/)
+    add_library(${name} MODULE ${A_SOURCES})
+    get_filename_component(suffix ${A_FILE} LAST_EXT)
+    get_filename_component(stem ${A_FILE} NAME_WLE)
+    set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${stem} SUFFIX ${suffix})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/${A_DIR})
+    target_link_libraries(${name} PRIVATE kex_guarded_flags ${A_DEPS})
+    target_link_options(${name} PRIVATE $<$<NOT:$<BOOL:${KEX_SANITIZE}>>:-Wl,-z,defs>)
+endfunction()
+
+# kex_test(name [DIR tests/x] LIBS ... SOURCES ...): one GoogleTest program, known to CTest by its name.
+function(kex_test name)
+    if(NOT KEX_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(A "" "DIR" "LIBS;SOURCES" ${ARGN})
+    list(TRANSFORM A_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${A_DIR}/)
+    add_executable(${name} ${A_SOURCES})
+    target_link_libraries(${name} PRIVATE kex_flags ${A_LIBS} GTest::gtest GTest::gtest_main)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
+    # gtest's macros compare literals of other signedness than our counts.
+    target_compile_options(${name} PRIVATE -Wno-sign-conversion -Wno-conversion)
+    target_compile_definitions(${name} PRIVATE KEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    add_test(NAME ${name} COMMAND ${name})
+endfunction()
+
+# kex_bench(name LIBS ... SOURCES ...): one Google Benchmark program under bench/.
+function(kex_bench name)
+    if(NOT KEX_BENCH)
+        return()
+    endif()
+    cmake_parse_arguments(A "" "" "LIBS;SOURCES" ${ARGN})
+    list(TRANSFORM A_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/bench/)
+    add_executable(${name} ${A_SOURCES})
+    target_link_libraries(${name} PRIVATE kex_flags ${A_LIBS} benchmark::benchmark)
+    target_compile_definitions(${name} PRIVATE KEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+endfunction()

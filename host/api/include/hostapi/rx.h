@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Application frame: messages, services, the dynamic linker, the system registry and run-time
+// classes.
+#pragma once
+
+#include "hostapi/types.h"
+
+namespace AcRx {
+enum AppMsgCode : int
+{
+    kNullMsg = 0,
+    kInitAppMsg = 1,
+    kUnloadAppMsg = 2,
+    kLoadDwgMsg = 3,
+    kUnloadDwgMsg = 4,
+    kInvkSubrMsg = 5,
+    kCfgMsg = 6,
+    kEndMsg = 7,
+    kQuitMsg = 8,
+    kSaveMsg = 9,
+    kDependencyMsg = 10,
+    kNoDependencyMsg = 11,
+    kOleUnloadAppMsg = 12,
+    kPreQuitMsg = 13,
+    kInitDialogMsg = 14,
+    kEndDialogMsg = 15
+};
+/// kRetError makes the host unload the application, or refuse to unload it in answer to
+/// kUnloadAppMsg and kOleUnloadAppMsg.
+enum AppRetCode : int
+{
+    kRetOK = 0,
+    kRetError = 3
+};
+} // namespace AcRx
+
+class HOST_API AcRxObject
+{
+public:
+    virtual ~AcRxObject();
+
+protected:
+    AcRxObject() = default;
+    AcRxObject(const AcRxObject&) = default;
+    AcRxObject& operator=(const AcRxObject&) = default;
+};
+
+/// A service that an application offers under a name.
+class HOST_API AcRxService : public AcRxObject
+{
+public:
+    ~AcRxService() override;
+};
+
+/// Objects by name, names compared without regard to case. Does not own its objects.
+class HOST_API AcRxDictionary : public AcRxObject
+{
+public:
+    /// Null when absent.
+    virtual AcRxObject* at(const ACHAR* key) const = 0;
+    /// Enters or replaces; gives what stood there before, else null.
+    virtual AcRxObject* atPut(const ACHAR* key, AcRxObject* object) = 0;
+    /// Takes the entry out and hands its object to the caller; null when absent.
+    virtual AcRxObject* remove(const ACHAR* key) = 0;
+    ~AcRxDictionary() override;
+};
+
+class HOST_API AcRxDynamicLinker : public AcRxObject
+{
+public:
+    /// True when the module is loaded afterwards. Loading it again raises its reference count, with
+    /// `asCommand` it is refused.
+    virtual bool loadModule(const ACHAR* file, bool print, bool asCommand = false) = 0;
+    /// Lowers the count; at 0 the module is unloaded. False when it is unknown, locked or running.
+    virtual bool unloadModule(const ACHAR* file, bool asCommand = false) = 0;
+    /// Applications are locked when they load; this lets them be unloaded. `packet` is the pointer
+    /// that came with kInitAppMsg.
+    virtual bool unlockApplication(void* packet) = 0;
+    ~AcRxDynamicLinker() override;
+};
+
+HOST_API AcRxDynamicLinker* acrxDynamicLinkerInstance();
+#define acrxDynamicLinker (acrxDynamicLinkerInstance())
+HOST_API AcRxDictionary* acrxServiceDictionaryInstance();
+#define acrxServiceDictionary (acrxServiceDictionaryInstance())
+/// System registry; "ACAD_REGISTERED_COMMANDS" gives the command stack.
+HOST_API AcRxDictionary* acrxSysRegistry();
+/// Makes a service and enters it; null when the name is taken.
+HOST_API AcRxService* acrxRegisterService(const ACHAR* name);
+HOST_API bool acrxServiceIsRegistered(const ACHAR* name);
+/// Allows several open drawings with this application.
+HOST_API bool acrxRegisterAppMDIAware(void* packet);
+/// Brings the run-time class tree up to date after new classes; harmless at any time.
+HOST_API void acrxBuildClassHierarchy();
+
+extern "C" {
+/// RTNORM or RTERROR; loading what is loaded already is an error, as unloading what is not.
+HOST_API int acedArxLoad(const ACHAR* file);
+HOST_API int acedArxUnload(const ACHAR* file);
+}
