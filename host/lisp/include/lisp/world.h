@@ -120,6 +120,11 @@ public:
     virtual bool takeInterrupt() = 0;
     /// A "c:" function was defined or removed.
     virtual void commandDefined(std::u16string_view name, bool defined) = 0;
+    /// Value of a system variable that steers the conversion of numbers to text (LUNITS, LUPREC,
+    /// AUNITS, AUPREC, UNITMODE, DIMZIN); nothing: the default of a new drawing.
+    virtual std::optional<Value> systemVariable(std::u16string_view name);
+    /// The file that a program means by `name`; as it stands: backslashes are separators as well.
+    virtual std::string filePath(std::u16string_view name);
 };
 
 /// How a top-level evaluation ended.
@@ -127,6 +132,8 @@ struct Outcome
 {
     Value value; // rooted until the next top-level evaluation
     std::optional<LispError> error;
+    /// The program's own *error* has had the error: the host prints nothing more about it.
+    bool handled = false;
     bool ok() const { return !error.has_value(); }
 };
 
