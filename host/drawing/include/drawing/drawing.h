@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The drawing database: records in stable places, found by id, handle or name.
+// Everything that a drawing holds is a record or one of the few tables at the end of Drawing.
+// Records are never removed: erasing marks them, so ids and handles stay good.
+#pragma once
+
+#include "drawing/handle_map.h"
+#include "drawing/header.h"
+#include "drawing/object_id.h"
+#include "drawing/record.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace orvald::drawing {
+
+/// Symbol tables in file order.
+enum class TableId : std::uint8_t
+{
+    vport,
+    ltype,
+    layer,
+    style,
+    view,
+    ucs,
+    appid,
+    dimstyle,
+    blockRecord
+};
+inline constexpr std::size_t kTableCount = 9;
+/// "LAYER".
+std::string_view tableName(TableId table);
+/// False when no table has that name; "BLOCK" means the block records.
+bool tableOf(std::string_view name, TableId& table);
+/// Kind of the records of a table.
+Kind recordKind(TableId table);
+/// Subclass marker of the records of a table.
+std::string_view recordMarker(TableId table);
+
+/// A section that is kept as text, line by line, without its SECTION and ENDSEC.
+struct RawSection
+{
+    std::string name; // "ACDSDATA"
+    std::string text; // lines end with \n
+};
+
+class Drawing
+{
+public:
+    /// An empty database without any table: what a loader starts from.
+    Drawing();
+    ~Drawing();
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+    /// A new drawing with all that the host's files must hold, in millimetres, metric.
+    static std::unique_ptr<Drawing> createNew();
+    /// The open drawing that an id belongs to; null when it is closed or the id is null.
+    static Drawing* ofId(ObjectId id);
+    /// Unique over the open drawings, never 0.
+    std::uint16_t serial() const { return serial_; }
+
+    // Records ------------------------------------------------------------------------------
+    /// Number of places in use; places 0 to recordCount() - 1 hold records.
+    Index recordCount() const { return count_; }
+    const Record& at(Index index) const { return slot(index).record; }
+    /// For changing a record's contents. Counts as a change of the drawing.
+    Record& edit(Index index)
+    {
+        ++changes_;
+        return slot(index).record;
+    }
+    ObjectId idOf(Index index) const
+    {
+        return index == kNone ? ObjectId{} : ObjectId{std::uint64_t{serial_} << 32 | (index + 1)};
+    }
+    /// kNone for a null id, an id of another drawing and one that was never given.
+    Index indexOf(ObjectId id) const;
+    /// Null as above.
+    const Record* find(ObjectId id) const;
+    /// kNone when no record has the handle.
+    Index byHandle(Handle handle) const { return handles_.find(handle); }
+    /// Grows with every change; equal counts mean equal contents.
+    std::uint64_t changeCount() const { return changes_; }
+
+    /// Takes a record in. A handle of 0 becomes a new one; kNone, and nothing done, when its handle
+    /// is taken. The record hangs nowhere yet.
+    Index add(Record&& record);
+    /// A handle that no record has had.
+    Handle newHandle() { return nextHandle_++; }
+    /// What HANDSEED says: above all handles of the drawing.
+    Handle nextHandle() const { return nextHandle_; }
+    void reserveHandles(Handle upTo);
+
+    // Blocks, entities and their parts -------------------------------------------------------
+    /// Hangs an entity, already taken in, behind the last one of a block record, or a part behind
+    /// the last part of a complex entity, and makes that its owner.
+    void appendChild(Index owner, Index child);
+    Index firstChild(Index owner) const;
+    Index lastChild(Index owner) const;
+    /// Neighbours under the same owner, erased ones included; kNone at the ends.
+    Index next(Index child) const { return slot(child).next; }
+    Index previous(Index child) const { return slot(child).previous; }
+    /// Cuts all children off an owner (their records stay in the drawing).
+    void dropChildren(Index owner);
+    /// Makes a block record with its BLOCK and ENDBLK on layer 0; kNone when the name is taken.
+    Index addBlock(std::string_view name, Point base = {});
+    /// Block records of the model, of the active sheet and of the current one of both (TILEMODE).
+    Index modelSpace() const { return findRecord(TableId::blockRecord, "*Model_Space"); }
+    Index paperSpace() const { return findRecord(TableId::blockRecord, "*Paper_Space"); }
+    Index currentSpace() const;
+    /// True for the block record of a layout.
+    bool isLayoutBlock(Index blockRecord) const;
+    /// Name of the layout of a space in file form, "" when the block record has none.
+    std::string_view layoutName(Index blockRecord) const;
+    /// The block record that an entity, a part or a BLOCK stands in; kNone when it hangs nowhere.
+    Index blockOf(Index entity) const;
+    /// True when the record or any owner above it is erased.
+    bool isGone(Index index) const;
+    /// Marks or restores; false when it is so already. Parts follow their entity by isGone; an
+    /// object that is erased leaves its dictionary.
+    bool setErased(Index index, bool erased);
+
+    // Symbol tables ---------------------------------------------------------------------------
+    /// Head record of a table; kNone in a drawing that lacks the table.
+    Index tableHead(TableId table) const { return tables_[std::size_t(table)].head; }
+    void setTableHead(TableId table, Index head);
+    /// Records of a table in file order, erased ones included.
+    const std::vector<Index>& tableRecords(TableId table) const
+    {
+        return tables_[std::size_t(table)].records;
+    }
+    /// The record of that name (file form, any case), not erased; kNone when there is none.
+    Index findRecord(TableId table, std::string_view name) const;
+    /// Hangs a table record, already taken in, into its table. False when the name is taken (a
+    /// second *Active view port and nameless text styles are allowed).
+    bool appendRecord(TableId table, Index record);
+    /// Gives a table record another name and puts it into every place that uses the old one. False
+    /// when the new name is taken.
+    bool renameRecord(TableId table, Index record, std::string_view name);
+    /// "*U" and the lowest free number, for the prefix "*U".
+    std::string anonymousBlockName(std::string_view prefix) const;
+
+    bool isLayerLocked(std::string_view layer) const;
+    /// Off or frozen.
+    bool isLayerHidden(std::string_view layer) const;
+    /// Makes the layer with white colour and continuous line when it is missing.
+    Index needLayer(std::string_view name);
+    /// Registers an application; false when it was registered already.
+    bool registerApp(std::string_view name);
+
+    // Dictionaries ----------------------------------------------------------------------------
+    /// Root of the named objects; kNone in a drawing that lacks it.
+    Index rootDictionary() const { return root_; }
+    void setRootDictionary(Index index) { root_ = index; }
+    const Dictionary* dictionary(Index index) const;
+    /// Object under a key; kNone when the dictionary, the key or the object is missing or erased.
+    Index dictionaryEntry(Index dictionary, std::string_view key) const;
+    /// Enters an object under a key: the dictionary becomes its owner and persistent reactor. A key
+    /// of "*" makes an anonymous one. False when the key is taken.
+    bool addToDictionary(Index dictionary, std::string_view key, Index object);
+    /// Takes an entry out: the object has no owner then. False when there is no such key.
+    bool removeFromDictionary(Index dictionary, std::string_view key);
+    /// A new, empty dictionary, owned by nothing yet.
+    Index addDictionary(bool hardOwner);
+    /// The extension dictionary of an object, made when it is missing or erased.
+    Index needExtensionDictionary(Index object);
+
+    // The rest of a drawing -----------------------------------------------------------------------
+    HeaderVariables header;
+    std::vector<TagList> classes; // rows of the CLASSES section, in order: proxies count on it
+    std::vector<RawSection> rawSections; // sections kept as text, in order
+
+    /// Bytes of memory that the drawing owns, heads of heap blocks included.
+    std::size_t memory() const;
+
+private:
+    struct Slot
+    {
+        Record record;
+        Index previous = kNone, next = kNone; // under the same owner
+    };
+    static constexpr Index kChunk = 1024;
+    struct Table
+    {
+        Index head = kNone;
+        std::vector<Index> records;
+        std::unordered_map<std::string, Index> byName; // key of the name
+    };
+
+    const Slot& slot(Index index) const { return chunks_[index / kChunk][index % kChunk]; }
+    Slot& slot(Index index) { return chunks_[index / kChunk][index % kChunk]; }
+    void replaceName(TableId table, std::string_view from, std::string_view to);
+
+    std::vector<std::unique_ptr<Slot[]>> chunks_;
+    Index count_ = 0;
+    HandleMap handles_;
+    Handle nextHandle_ = 1;
+    std::array<Table, kTableCount> tables_;
+    Index root_ = kNone;
+    std::uint64_t changes_ = 0;
+    std::uint16_t serial_ = 0;
+};
+
+} // namespace orvald::drawing
