@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "kex/system.h"
+
+#include "hostapi/lisp.h"
+#include "kex/format.h"
+#include "kexos/environment.h"
+#include "kexos/registry.h"
+
+namespace KEX {
+namespace {
+
+/// Names all modules of this release carry.
+constexpr const ACHAR* kReleaseName = KT("2015_18_32");
+
+/// A system variable's node, which frees a text.
+class SystemVariable
+{
+public:
+    explicit SystemVariable(const ACHAR* name) : known_(acedGetVar(name, &node_) == RTNORM) {}
+    SystemVariable(const SystemVariable&) = delete;
+    SystemVariable& operator=(const SystemVariable&) = delete;
+    ~SystemVariable()
+    {
+        if (known_ && node_.restype == RTSTR) acutDelString(node_.resval.rstring);
+    }
+    /// RTNONE when the variable is unknown.
+    short type() const { return known_ ? node_.restype : RTNONE; }
+    const ads_u_val& value() const { return node_.resval; }
+
+private:
+    resbuf node_ = {};
+    bool known_;
+};
+
+CKexString& versionText()
+{
+    static CKexString text;
+    return text;
+}
+
+} // namespace
+
+CKexString envGet(TextView name)
+{
+    return CKexString::fromUtf8(kexos::environment(toUtf8(name)).value_or(""));
+}
+
+bool envSet(TextView name, TextView value)
+{
+    return kexos::setEnvironment(toUtf8(name), toUtf8(value));
+}
+
+CKexString regAppKey() { return KT("KEX"); }
+
+bool regMakeKey(TextView key) { return kexos::registryMakeKey(toUtf8(key)); }
+
+bool regHasKey(TextView key) { return kexos::registryHasKey(toUtf8(key)); }
+
+CKexString regGet(TextView key, TextView name)
+{
+    return CKexString::fromUtf8(kexos::registryValue(toUtf8(key), toUtf8(name)).value_or(""));
+}
+
+bool regSet(TextView key, TextView name, TextView value)
+{
+    return kexos::registrySetValue(toUtf8(key), toUtf8(name), toUtf8(value));
+}
+
+CKexString sysVarText(const ACHAR* name)
+{
+    const SystemVariable variable(name);
+    switch (variable.type()) {
+    case RTSTR: return variable.value().rstring;
+    case RTSHORT: return format(KT("{}"), variable.value().rint);
+    case RTLONG: return format(KT("{}"), variable.value().rlong);
+    case RTREAL: return format(KT("{}"), variable.value().rreal);
+    default: return CKexString();
+    }
+}
+
+int sysVarInt(const ACHAR* name, int missing)
+{
+    const SystemVariable variable(name);
+    if (variable.type() == RTSHORT) return variable.value().rint;
+    return variable.type() == RTLONG ? variable.value().rlong : missing;
+}
+
+int acadver()
+{
+    const CKexString text = sysVarText(KT("ACADVER"));
+    int at = 0;
+    const auto number = [&] {
+        int value = 0;
+        for (; text[at] >= KT('0') && text[at] <= KT('9') && value < 256; ++at) {
+            value = value * 10 + (text[at] - KT('0'));
+        }
+        return value & 0xFF;
+    };
+    const int high = number();
+    if (text[at] == KT('.')) ++at;
+    return high << 8 | number();
+}
+
+CKexString curVer() { return versionText(); }
+
+void curVerSet(TextView version) { versionText() = version; }
+
+} // namespace KEX
+
+CKexString kexAppFileName(KEX::TextView product, KEX::TextView part, KEX::TextView kind)
+{
+    return KEX::format(KT("{}_{}_{}.{}"), product, KEX::kReleaseName, part,
+                       CKexString(kind).makeLower());
+}

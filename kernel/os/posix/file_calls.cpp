@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "file_calls.h"
+
+#include "kexos/files.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kexos {
+namespace {
+
+struct FaultPlan
+{
+    int failing = 0; // number of the call that fails, 0: none
+    int made = 0;
+    FileFault fault = FileFault::error;
+};
+FaultPlan plan;
+
+/// True when this call shall fail.
+bool isDue()
+{
+    if (++plan.made != plan.failing) return false;
+    if (plan.fault == FileFault::kill) ::_exit(1);
+    errno = ENOSPC;
+    return true;
+}
+
+/// True when this call shall fail with an error; a short write is none.
+bool failsNow() { return isDue() && plan.fault == FileFault::error; }
+
+} // namespace
+
+void failFileCall(int n, FileFault fault) { plan = {n, 0, fault}; }
+int fileCalls() { return plan.made; }
+
+namespace calls {
+
+int create(const std::string& path, mode_t mode)
+{
+    if (failsNow()) return -1;
+    return ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
+}
+
+ssize_t write(int descriptor, const char* bytes, std::size_t count)
+{
+    if (isDue()) {
+        if (plan.fault == FileFault::error) return -1;
+        count = (count + 1) / 2;
+    }
+    return ::write(descriptor, bytes, count);
+}
+
+int sync(int descriptor) { return failsNow() ? -1 : ::fsync(descriptor); }
+
+int setMode(int descriptor, mode_t mode) { return failsNow() ? -1 : ::fchmod(descriptor, mode); }
+
+int close(int descriptor)
+{
+    const bool fails = failsNow(); // a failed close gives the descriptor back all the same
+    const int result = ::close(descriptor);
+    return fails ? -1 : result;
+}
+
+int rename(const std::string& from, const std::string& to)
+{
+    return failsNow() ? -1 : std::rename(from.c_str(), to.c_str());
+}
+
+int remove(const std::string& path) { return failsNow() ? -1 : ::unlink(path.c_str()); }
+
+} // namespace calls
+} // namespace kexos
