@@ -80,6 +80,15 @@ GroupKind nodeKind(int restype)
     }
 }
 
+ACHAR* newString(const ACHAR* units, std::size_t count)
+{
+    ACHAR* copy = takeString(count);
+    if (copy == nullptr) return nullptr;
+    if (count != 0) std::memcpy(copy, units, count * sizeof(ACHAR));
+    copy[count] = 0;
+    return copy;
+}
+
 resbuf* protectChain(resbuf* arguments) { return std::exchange(protectedChain, arguments); }
 
 void releaseChain(resbuf* chain)
@@ -118,12 +127,8 @@ int acutRelRb(resbuf* chain)
 
 int acutNewString(const ACHAR* text, ACHAR*& copy)
 {
-    const std::size_t units = orvald::lengthOf(text);
-    copy = orvald::takeString(units);
-    if (copy == nullptr) return RTERROR;
-    if (units != 0) std::memcpy(copy, text, units * sizeof(ACHAR));
-    copy[units] = 0;
-    return RTNORM;
+    copy = orvald::newString(text, orvald::lengthOf(text));
+    return copy == nullptr ? RTERROR : RTNORM;
 }
 
 void acutDelString(ACHAR*& text)

@@ -2,7 +2,9 @@
 // Which member of a result buffer a DXF group code uses, and who owns a chain.
 #pragma once
 
-struct resbuf;
+#include "hostapi/resbuf.h"
+
+#include <cstddef>
 
 namespace orvald {
 
@@ -26,6 +28,8 @@ GroupKind groupKind(int code);
 /// Kind of any restype: host codes from 5000 on as well as group codes.
 GroupKind nodeKind(int restype);
 
+/// A string for a node from units without an end mark; null when memory is out.
+ACHAR* newString(const ACHAR* units, std::size_t count);
 /// The arguments of the running call belong to the host: acutRelRb leaves this chain alone. Gives
 /// the chain that was protected before.
 resbuf* protectChain(resbuf* arguments);

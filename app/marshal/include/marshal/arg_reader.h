@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Reads the arguments of a LISP function in order and remembers the first wrong one.
+//
+// The number given to each reading is the one that the error report names: the 1-based position,
+// or 0 where a function names none. A reader that has failed reads on as empty values, so that a
+// handler has one exit for all errors:
+//
+//     ArgReader in(args);
+//     const CKexString text = in.string(1);
+//     const int start = in.integer(2);
+//     in.require(start >= 1, 2);
+//     if (in.failed()) return in.fail();
+#pragma once
+
+#include "hostapi/resbuf.h"
+#include "kex/point.h"
+#include "kex/string.h"
+#include "kex/vertex.h"
+
+#include <optional>
+
+namespace KEX {
+
+class ArgReader
+{
+public:
+    /// Dotted pairs in the chain must have the closing form, as the dispatcher makes them.
+    explicit ArgReader(const resbuf* args) : at_(args) {}
+
+    // -- required arguments: missing or of another type is an error
+    CKexString string(int position);
+    int integer(int position);
+    /// A real or an integer.
+    double number(int position);
+    /// A point node, or a list of two or three numbers; a missing Z is 0.0.
+    CKexPoint3d point(int position);
+    /// A plain or extended vertex list; the data of extended vertices is passed over. nil is the
+    /// empty list.
+    CKexVertexArray vertexList(int position);
+
+    // -- optional arguments: missing or nil is nothing, another type is an error
+    std::optional<CKexString> stringIfAny(int position);
+    std::optional<int> integerIfAny(int position);
+    std::optional<double> numberIfAny(int position);
+
+    /// True for T; nil, a missing argument and anything else are false, never an error.
+    bool flag();
+    /// The next argument as it stands, null when there is none; the reader moves past it.
+    const resbuf* any();
+    const resbuf* peek() const { return at_; }
+    bool isLast() const { return at_ == nullptr; }
+
+    /// Marks the argument as wrong unless the condition holds.
+    void require(bool holds, int position)
+    {
+        if (!holds && !failed()) wrong_ = position;
+    }
+    bool failed() const { return wrong_ != kNone; }
+    /// Reports the first wrong argument; gives RTERROR.
+    int fail() const;
+
+private:
+    template <class T>
+    std::optional<T> ifAny(T (ArgReader::*read)(int), int position);
+
+    static constexpr int kNone = -1;
+    const resbuf* at_;
+    int wrong_ = kNone;
+};
+
+/// Readers of one value inside a chain. Each moves `rb` past the value and gives true, or leaves
+/// `rb` alone and gives false.
+bool readInteger(const resbuf*& rb, int& value);
+bool readNumber(const resbuf*& rb, double& value);
+bool readPoint(const resbuf*& rb, CKexPoint3d& point);
+/// (p1 p2), (p1 p2 bulge) or (p1 p2 bulge data); a missing bulge is 0.0, the data is passed over.
+bool readVertex(const resbuf*& rb, CKexVertex& vertex);
+bool readVertexList(const resbuf*& rb, CKexVertexArray& list);
+
+} // namespace KEX

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The result of a LISP function: one overload of retAds for each kernel type. Each copies its value
+// into the host at once and gives RTNORM, so that a handler ends with `return retAds(value);`.
+#pragma once
+
+#include "hostapi/array.h"
+#include "hostapi/database.h"
+#include "kex/mk_resbuf.h"
+#include "kex/norm_result.h"
+#include "kexdata/data_item.h"
+#include "kexdata/data_key.h"
+
+namespace KEX {
+
+/// A chain as result: none is nil; one node is its value, an RTSHORT as integer, a node with a DXF
+/// code as a list of one pair; several nodes are a list, each RTSHORT among them made an RTLONG in
+/// place, so that integers always reach LISP with 32 bits.
+int returnRb(resbuf* chain);
+/// The values of a chain as one list, nil for none. The chain is neither changed nor freed.
+int retList(const resbuf* chain);
+
+/// T or nil.
+int retAds(bool value);
+/// A pointer must not turn into T.
+template <class T>
+int retAds(const T* pointer) = delete;
+int retAds(int value);
+int retAds(double value);
+/// A null pointer is "", never nil.
+int retAds(const ACHAR* text);
+int retAds(const CKexString& text);
+int retAds(const CKexPoint3d& point);
+int retAds(const CKexVector3d& vector);
+int retAds(const double (&values)[4]);
+/// `type` is RTENAME or RTPICKS; a null name is nil.
+int retAds(const CAdsName& name, short type);
+/// A null id is nil.
+int retAds(AcDbObjectId id);
+int retAds(const AcArray<AcDbObjectId>& ids);
+int retAds(const CKexEnameArray& names);
+int retAds(const CKexVertex& vertex);
+int retAds(const CKexMatrix3d& matrix);
+/// The values up to the first that is not finite; nil when the first is not.
+int retAds(const nrmResult& result);
+/// Null and the empty item are nil; a directory in its LISP form; an atom as its value; anything
+/// else as a list. Entity references are made current first.
+int retAds(const CKexDataItem* item);
+/// (("key" . "value") ...), nil when empty.
+int retAds(const CKexMapTempl<CKexString, CKexString>& map);
+/// (("key" "a" "b") ...), an empty array as ("key").
+int retAds(const CKexMapTempl<CKexString, CKexArrayTempl<CKexString>>& map);
+/// One component alone as that string or integer, else a list of them, for each key.
+int retAds(const CKexArrayTempl<CKexDataKey>& keys);
+/// Lists of every other kind of value, nested ones included, in the shapes of mkResbuf.
+template <class T>
+int retAds(const CKexArrayTempl<T>& array)
+{
+    return retList(mkResbuf(array));
+}
+
+} // namespace KEX

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The running function's name, and the two reports that begin with it.
+#include "marshal/lisp_row.h"
+
+#include "hostapi/lisp.h"
+#include "kex/format.h"
+#include "kex/messages.h"
+
+namespace KEX {
+namespace {
+
+std::span<const LispRow> lispTable;
+
+} // namespace
+
+void setLispTable(std::span<const LispRow> table) { lispTable = table; }
+
+const ACHAR* kexLispCurrentName()
+{
+    const auto code = static_cast<std::size_t>(static_cast<unsigned>(acedGetFunCode()));
+    return code < lispTable.size() ? lispTable[code].name : KT("");
+}
+
+void argError(int position)
+{
+    const CKexString argument = msgGet(KT("AD018"), KT("Argument"));
+    const CKexString invalid = msgGet(KT("AD019"), KT("ist ungültig"));
+    const CKexString place = position > 0 ? format(KT("{} "), position) : CKexString();
+    acdbFail(format(KT("{}: {} {}{}"), kexLispCurrentName(), argument, place, invalid));
+}
+
+int notBuilt(const resbuf*)
+{
+    acdbFail(
+        format(KT("{}: {}"), kexLispCurrentName(), msgGet(KT("AD020"), KT("nicht verfügbar"))));
+    return RTERROR;
+}
+
+} // namespace KEX

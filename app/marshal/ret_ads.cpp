@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Results. A chain built here is held by a CSmartResbuf until the host has copied it, so that no
+// way out leaks it.
+#include "marshal/ret_ads.h"
+
+#include "hostapi/lisp.h"
+#include "kexdata/entity_check.h"
+
+#include <cmath>
+
+namespace KEX {
+
+int returnRb(resbuf* chain)
+{
+    if (chain == nullptr) {
+        acedRetNil();
+    } else if (chain->rbnext == nullptr) {
+        if (chain->restype < RTNONE) acedRetList(chain);
+        else if (chain->restype == RTSHORT) acedRetInt(chain->resval.rint);
+        else acedRetVal(chain);
+    } else {
+        for (resbuf* node = chain; node != nullptr; node = node->rbnext) {
+            if (node->restype != RTSHORT) continue;
+            const std::int32_t value = node->resval.rint;
+            node->restype = RTLONG;
+            node->resval.rlong = value;
+        }
+        acedRetList(chain);
+    }
+    return RTNORM;
+}
+
+int retList(const resbuf* chain)
+{
+    if (chain == nullptr) {
+        acedRetNil();
+        return RTNORM;
+    }
+    CSmartResbuf list = rbToList(rbCopyAll(chain));
+    rbDotConvert(list, false);
+    return returnRb(list);
+}
+
+int retAds(bool value)
+{
+    if (value) acedRetT();
+    else acedRetNil();
+    return RTNORM;
+}
+
+int retAds(int value)
+{
+    resbuf node = {};
+    node.restype = RTLONG;
+    node.resval.rlong = value;
+    acedRetVal(&node);
+    return RTNORM;
+}
+
+int retAds(double value)
+{
+    acedRetReal(value);
+    return RTNORM;
+}
+
+int retAds(const ACHAR* text)
+{
+    acedRetStr(text == nullptr ? KT("") : text);
+    return RTNORM;
+}
+
+int retAds(const CKexString& text) { return retAds(text.c_str()); }
+
+int retAds(const CKexPoint3d& point)
+{
+    acedRetPoint(point.asArray());
+    return RTNORM;
+}
+
+int retAds(const CKexVector3d& vector)
+{
+    acedRetPoint(vector.asArray());
+    return RTNORM;
+}
+
+int retAds(const double (&values)[4]) { return retList(mkResbuf(values)); }
+
+int retAds(const CAdsName& name, short type)
+{
+    if (name.isNull()) acedRetNil();
+    else acedRetName(name.asName(), type);
+    return RTNORM;
+}
+
+int retAds(AcDbObjectId id)
+{
+    ads_name name = {0, 0};
+    if (!id.isNull()) acdbGetAdsName(name, id);
+    return retAds(CAdsName(name), RTENAME);
+}
+
+int retAds(const AcArray<AcDbObjectId>& ids)
+{
+    RbBuilder list;
+    for (const AcDbObjectId id : ids) {
+        ads_name name = {0, 0};
+        if (!id.isNull()) acdbGetAdsName(name, id);
+        list.name(CAdsName(name));
+    }
+    return retList(list.take());
+}
+
+int retAds(const CKexEnameArray& names) { return retList(mkResbuf(names)); }
+int retAds(const CKexVertex& vertex) { return retList(mkResbuf(vertex)); }
+int retAds(const CKexMatrix3d& matrix) { return retList(mkResbuf(matrix)); }
+
+int retAds(const nrmResult& result)
+{
+    RbBuilder list;
+    for (int position = 0; std::isfinite(result[position]); ++position) {
+        list.real(result[position]);
+    }
+    return retList(list.take());
+}
+
+int retAds(const CKexDataItem* item)
+{
+    if (item == nullptr || item->isEmpty()) {
+        acedRetNil();
+        return RTNORM;
+    }
+    if (const CKexDataDir* directory = item->directory()) return retList(directory->mkLisp());
+    CSmartResbuf copy = rbCopyAll(item->values());
+    chk_ent(copy);
+    if (!item->isAtom()) copy = rbToList(std::move(copy));
+    return returnRb(copy);
+}
+
+int retAds(const CKexMapTempl<CKexString, CKexString>& map) { return retList(mkResbuf(map)); }
+
+int retAds(const CKexMapTempl<CKexString, CKexArrayTempl<CKexString>>& map)
+{
+    return retList(mkResbuf(map));
+}
+
+int retAds(const CKexArrayTempl<CKexDataKey>& keys)
+{
+    RbBuilder list;
+    for (const CKexDataKey& key : keys) key.rbPut(list);
+    return retList(list.take());
+}
+
+} // namespace KEX

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Data items in the drawing: extension records, extended data, dictionaries.
+#pragma once
+
+#include "marshal/lisp_row.h"
+
+namespace KEX {
+
+inline constexpr LispRow kXrecordRows[] = {
+    {KT("kex_xr_obj"), notBuilt, KT("en, [T or nil create = nil]"), KT("en or nil")},
+    {KT("kex_xr_get"), notBuilt, KT("en, key or nil"), KT("any or nil")},
+    {KT("kex_xr_mod"), notBuilt, KT("en, key, value or nil"), KT("T or nil")},
+    {KT("kex_xr_dir"), notBuilt, KT("en, key"), KT("list of str and int or nil")},
+    {KT("kex_xd_get"), notBuilt, KT("en, key or nil"), KT("any or nil")},
+    {KT("kex_xd_mod"), notBuilt, KT("en, key, value or nil"), KT("T or nil")},
+    {KT("kex_xd_dir"), notBuilt, KT("en, key"), KT("list of str and int or nil")},
+    {KT("kex_xd_flush"), notBuilt, KT("[en]"), KT("T")},
+    {KT("kex_dict_obj"), notBuilt, KT("key, [T or nil create = T]"), KT("en or nil")},
+    {KT("kex_dict_dir"), notBuilt, KT("key or en"), KT("list of str or nil")},
+    {KT("kex_dxr_get"), notBuilt, KT("key or en, key"), KT("any or nil")},
+    {KT("kex_dxr_mod"), notBuilt, KT("key or en, key, value or nil"), KT("en or nil")},
+    {KT("kex_dxr_dir"), notBuilt, KT("key or en, key, [T or nil deep]"), KT("list of keys or nil")},
+    {KT("kex_d_bread"), notBuilt, KT("str file"), KT("list or nil")},
+    {KT("kex_d_bwrite"), notBuilt, KT("str file, list data"), KT("T or nil")},
+    {KT("kex_d_hardpointer"), notBuilt, KT("en owner, str list, en target or nil"), KT("T or nil")},
+    {KT("kex_d_hardpointer_rem"), notBuilt, KT("en owner, str list, en target"), KT("T or nil")},
+    {KT("kex_d_hardpointer_get"), notBuilt, KT("en owner, str list"), KT("list of en or nil")},
+};
+
+inline constexpr LispRow kDataRows[] = {
+    {KT("kex_d_xdflush"), notBuilt, KT("[en]"), KT("T")},
+    {KT("kex_d_label_get"), notBuilt, KT("str text, [str context = current language]"), KT("str")},
+    {KT("kex_d_bez_get"), notBuilt, KT("str text, [str context = current language]"), KT("str")},
+    {KT("kex_d_label_set"), notBuilt, KT("str text or nil, str context or nil, str new or nil"),
+     KT("str")},
+    {KT("kex_d_bez_set"), notBuilt, KT("str text or nil, str context or nil, str new or nil"),
+     KT("str")},
+    {KT("kex_d_get"), notBuilt, KT("en, key, [any default]"), KT("any")},
+    {KT("kex_d_val"), notBuilt, KT("list data, key, [any default]"), KT("any")},
+    {KT("kex_d_val_set"), notBuilt, KT("list data or nil, key, any value or nil"),
+     KT("list or nil")},
+    {KT("kex_d_dirp"), notBuilt, KT("any"), KT("T or nil")},
+    {KT("kex_d_key"), notBuilt, KT("any"), KT("list or nil")},
+    {KT("kex_d_copy"), notBuilt, KT("en from, en to, [key = whole item]"), KT("T or nil")},
+    {KT("kex_d_remove"), notBuilt, KT("en, [T all]"), KT("T or nil")},
+    {KT("kex_d_equal"), notBuilt, KT("data a, data b, [list of keys ignored], [num tol = _RNDF]"),
+     KT("T or nil")},
+    {KT("kex_d_find"), notBuilt, KT("key, [any value], [el]"), KT("list of en or nil")},
+    {KT("kex_d_merge"), notBuilt, KT("list data a or nil, list data b or nil"), KT("list or nil")},
+    {KT("kex_d_crc"), notBuilt, KT("any data"), KT("str")},
+    {KT("kex_d_xlogior"), notBuilt, KT("str a, str b"), KT("str")},
+    {KT("kex_d_xbit"), notBuilt, KT("str a, int n"), KT("T or nil")},
+    {KT("kex_d_xbit_set"), notBuilt, KT("str a, int n, T or nil"), KT("str")},
+    {KT("kex_d_chktype"), notBuilt, KT("list of values, str pattern"), KT("int or nil")},
+    {KT("kex_d_chknum"), notBuilt, KT("str s, [num min], [num max]"), KT("real or nil")},
+};
+
+inline constexpr LispRow kObjectDictRows[] = {
+    {KT("kex_obj_dict_name"), notBuilt, KT("en, [T or nil any owner]"), KT("str or nil")},
+    {KT("kex_obj_dict_path"), notBuilt, KT("en"), KT("list of str or nil")},
+    {KT("kex_obj_dict_dir"), notBuilt, KT("key"), KT("list of (str . en) or nil")},
+};
+
+inline constexpr LispRow kDrawingDictRows[] = {
+    {KT("kex_dwg_dict_dir"), notBuilt, KT("key"), KT("list of strings or nil")},
+};
+
+} // namespace KEX

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "document.h"
+
+#include "application.h"
+#include "drawing/header.h"
+#include "drawing_functions.h"
+#include "dxf/dxf.h"
+#include "host.h"
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+
+namespace orvald {
+namespace {
+
+/// The database of a document as applications see it: values of the header.
+class Database final : public AcDbDatabase
+{
+public:
+    explicit Database(drawing::Drawing& drawing) : drawing_(drawing) {}
+
+    AcDb::UnitsValue insunits() const override
+    {
+        return static_cast<AcDb::UnitsValue>(drawing_.header.integer("$INSUNITS"));
+    }
+    Acad::ErrorStatus setInsunits(AcDb::UnitsValue units) override
+    {
+        constexpr int kLastUnit = 24;
+        if (units < 0 || units > kLastUnit) return Acad::eInvalidInput;
+        drawing_.header.setInteger("$INSUNITS", 70, units);
+        return Acad::eOk;
+    }
+    AcDb::MeasurementValue measurement() const override
+    {
+        return static_cast<AcDb::MeasurementValue>(drawing_.header.integer("$MEASUREMENT"));
+    }
+    Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue value) override
+    {
+        drawing_.header.setInteger("$MEASUREMENT", 70, value);
+        return Acad::eOk;
+    }
+    bool isPartiallyOpened() const override { return false; }
+
+private:
+    drawing::Drawing& drawing_;
+};
+
+std::u16string nameOf(const std::string& path)
+{
+    return path.empty() ? u"Drawing1.dxf" : lisp::toUtf16(path);
+}
+
+} // namespace
+
+Document::Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::string path)
+    : host_(host),
+      drawing_(std::move(drawing)),
+      entities_(*drawing_),
+      savedChanges_(drawing_->changeCount()),
+      path_(std::move(path)),
+      fileName_(nameOf(path_)),
+      database_(std::make_unique<Database>(*drawing_)),
+      variables_(*this),
+      world_(*this)
+{
+    defineDrawingFunctions(world_);
+}
+
+Document::~Document() = default;
+
+AcDbDatabase* Document::database() const { return database_.get(); }
+
+std::string Document::save(const std::string& path)
+{
+    host_.linker().broadcast(AcRx::kSaveMsg, *this);
+    const dxf::Saved saved = dxf::save(*drawing_, path);
+    for (const dxf::Warning& warning : saved.warnings) {
+        host_.console().message(path + ": " + warning.text);
+    }
+    if (!saved.good) return saved.error.message();
+    savedChanges_ = drawing_->changeCount();
+    path_ = std::filesystem::absolute(path).lexically_normal().string();
+    fileName_ = nameOf(path_);
+    return {};
+}
+
+void Document::forget(const Application& application)
+{
+    for (const auto& [code, function] : application.functions()) {
+        world_.undefineExternal(function->name(), *function);
+    }
+}
+
+Acad::ErrorStatus Document::lock(AcAp::DocLockMode mode)
+{
+    // With one context nobody can stand in the way.
+    locks_.push_back(mode);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus Document::unlock()
+{
+    if (locks_.empty()) return Acad::eLockViolation;
+    locks_.pop_back();
+    return Acad::eOk;
+}
+
+AcAp::DocLockMode Document::myLockMode() const
+{
+    return locks_.empty() ? AcAp::kNotLocked : *std::ranges::max_element(locks_);
+}
+
+void Document::print(std::u16string_view text) { host_.console().print(text); }
+
+std::string Document::findFile(std::string_view name, std::span<const std::string_view> suffixes)
+{
+    const std::string asItStands(name);
+    std::string found = host_.findFile(asItStands);
+    for (auto suffix = suffixes.begin(); found.empty() && suffix != suffixes.end(); ++suffix) {
+        found = host_.findFile(asItStands + std::string(*suffix));
+    }
+    return found;
+}
+
+void Document::releasePickset(std::int32_t set) { host_.selectionSets().release(set); }
+
+bool Document::takeInterrupt() { return host_.takeInterrupt(); }
+
+void Document::commandDefined(std::u16string_view name, bool defined)
+{
+    const std::u16string command(name.substr(2)); // without "C:"
+    if (defined) commands_.insert(command);
+    else commands_.erase(command);
+}
+
+std::optional<lisp::Value> Document::systemVariable(std::u16string_view name)
+{
+    resbuf value = {};
+    if (variables_.get(name, value) != SystemVariables::Answer::done) return std::nullopt;
+    const std::optional<lisp::Value> result = valueFromNode(world_, value);
+    if (value.restype == RTSTR) acutDelString(value.resval.rstring);
+    return result;
+}
+
+} // namespace orvald

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// An open document: a drawing, its LISP world, its locks and what belongs to the session only.
+#pragma once
+
+#include "drawing/entity_functions.h"
+#include "hostapi/documents.h"
+#include "lisp/world.h"
+#include "system_variables.h"
+#include "temporary_graphics.h"
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace orvald {
+
+class Application;
+class Host;
+
+class Document final : public AcApDocument, private lisp::WorldHost
+{
+public:
+    /// `path`: empty for a drawing that was never saved.
+    Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::string path);
+    ~Document() override;
+
+    drawing::Drawing& drawing() { return *drawing_; }
+    drawing::EntityFunctions& entities() { return entities_; }
+    lisp::World& world() { return world_; }
+    SystemVariables& variables() { return variables_; }
+    TemporaryGraphics& graphics() { return graphics_; }
+    const std::string& path() const { return path_; }
+    /// Writes the drawing after the modules have had kSaveMsg; empty, or what went wrong.
+    std::string save(const std::string& path);
+
+    /// True when the drawing has changed since it was opened or saved.
+    bool isModified() const { return drawing_->changeCount() != savedChanges_; }
+
+    /// Takes out the LISP functions of an application that is gone.
+    void forget(const Application& application);
+    /// Names of the "C:" functions of this document, without the prefix, upper case.
+    const std::set<std::u16string, std::less<>>& commands() const { return commands_; }
+
+    // -- locks: they nest, the strictest counts
+    Acad::ErrorStatus lock(AcAp::DocLockMode mode);
+    Acad::ErrorStatus unlock();
+
+    // AcApDocument
+    const ACHAR* fileName() const override { return fileName_.c_str(); }
+    AcDbDatabase* database() const override;
+    AcAp::DocLockMode myLockMode() const override;
+
+private:
+    // lisp::WorldHost
+    void print(std::u16string_view text) override;
+    std::string findFile(std::string_view name,
+                         std::span<const std::string_view> suffixes) override;
+    void releasePickset(std::int32_t set) override;
+    bool takeInterrupt() override;
+    void commandDefined(std::u16string_view name, bool defined) override;
+    std::optional<lisp::Value> systemVariable(std::u16string_view name) override;
+
+    Host& host_;
+    std::unique_ptr<drawing::Drawing> drawing_;
+    drawing::EntityFunctions entities_;
+    std::uint64_t savedChanges_; // change count of the drawing when it was opened or saved
+    std::string path_;
+    std::u16string fileName_;
+    std::unique_ptr<AcDbDatabase> database_;
+    SystemVariables variables_;
+    TemporaryGraphics graphics_;
+    std::vector<AcAp::DocLockMode> locks_;
+    std::set<std::u16string, std::less<>> commands_;
+    lisp::World world_; // last: its functions may reach everything above
+};
+
+} // namespace orvald

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Selection sets of the session, over all documents. Positions count from 0; an entity is in a set
+// once.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+namespace orvald {
+
+/// Members in order, with a look-up beside them.
+class SelectionSet
+{
+public:
+    /// False when it was in already.
+    bool add(std::uint64_t entity);
+    /// False when it was not in.
+    bool remove(std::uint64_t entity);
+    bool has(std::uint64_t entity) const { return members_.contains(entity); }
+    const std::vector<std::uint64_t>& entities() const { return order_; }
+
+private:
+    std::vector<std::uint64_t> order_;
+    std::unordered_set<std::uint64_t> members_;
+};
+
+class SelectionSets
+{
+public:
+    /// The host has room for this many at a time.
+    static constexpr std::size_t kMost = 128;
+
+    /// Number of a new, empty set, from 1; nothing when there is no room.
+    std::optional<std::int32_t> create();
+    /// Null when there is no such set.
+    SelectionSet* find(std::int32_t set);
+    void release(std::int32_t set) { sets_.erase(set); }
+    std::size_t size() const { return sets_.size(); }
+
+private:
+    std::map<std::int32_t, SelectionSet> sets_;
+    std::int32_t last_ = 0;
+};
+
+} // namespace orvald
