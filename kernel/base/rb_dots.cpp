@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The two forms of a dotted pair in a chain. Which form a dot has shows only when it and its
 // neighbours are read together; a reading is tried, and holds when every bracket finds its partner.
-#include "kex/resbuf_chain.h"
+#include "kex/rb_tokens.h"
 
 #include <new>
 #include <optional>
@@ -10,12 +10,8 @@
 namespace KEX {
 namespace {
 
-enum class DotForm : unsigned char
-{
-    closing,
-    middle
-};
-using DotForms = std::vector<DotForm>; // of the dots in chain order
+/// Of the dots in chain order: it stands in the middle of its list, else it ends it.
+using DotForms = std::vector<bool>;
 
 struct Counts
 {
@@ -39,7 +35,7 @@ bool isPlainValue(const resbuf* node)
            node->restype != RTDOTE;
 }
 
-/// An open list: how many values it has, and how many of them stand behind its dot.
+/// An open list: its values, and how many of them stand behind its dot.
 struct OpenList
 {
     int values = 0;
@@ -64,13 +60,11 @@ std::optional<DotForms> readDots(const resbuf* chain, bool preferMiddle)
         ++open.back().values;
         if (open.back().dotSeen) ++open.back().tails;
     };
-    const auto formOf = [&](const resbuf* dot) {
-        if (open.back().values == 1 || closingLeft == 0) return DotForm::middle;
-        if (closingLeft == dotsLeft || !preferMiddle) return DotForm::closing;
+    const auto isMiddle = [&](const resbuf* dot) {
+        if (open.back().values == 1 || closingLeft == 0) return true;
+        if (closingLeft == dotsLeft || !preferMiddle) return false;
         const resbuf* next = dot->rbnext;
-        const bool fits =
-            isPlainValue(next) && next->rbnext != nullptr && next->rbnext->restype == RTLE;
-        return fits ? DotForm::middle : DotForm::closing;
+        return isPlainValue(next) && next->rbnext != nullptr && next->rbnext->restype == RTLE;
     };
     for (const resbuf* node = chain; node != nullptr; node = node->rbnext) {
         switch (node->restype) {
@@ -83,14 +77,14 @@ std::optional<DotForms> readDots(const resbuf* chain, bool preferMiddle)
             break;
         case RTDOTE:
             if (open.empty() || open.back().values == 0 || open.back().dotSeen) return std::nullopt;
-            forms.push_back(formOf(node));
+            forms.push_back(isMiddle(node));
             --dotsLeft;
-            if (forms.back() == DotForm::closing) {
+            if (forms.back()) {
+                open.back().dotSeen = true;
+            } else {
                 --closingLeft;
                 open.pop_back();
                 valueRead();
-            } else {
-                open.back().dotSeen = true;
             }
             break;
         default: valueRead(); break;
@@ -107,14 +101,14 @@ std::optional<DotForms> dotForms(const resbuf* chain)
 }
 
 /// Takes the dots out of the middle and marks the ends of their lists instead.
-void dotsToEnd(CSmartResbuf& chain, const DotForms& forms)
+void dotsToEnd(resbuf* chain, const DotForms& forms)
 {
     std::vector<bool> dotted; // of the open lists
     std::size_t dot = 0;
     resbuf* before = nullptr;
-    for (resbuf* node = chain.get(); node != nullptr;) {
+    for (resbuf* node = chain; node != nullptr;) {
         resbuf* const next = node->rbnext;
-        if (node->restype == RTDOTE && forms[dot++] == DotForm::middle) {
+        if (node->restype == RTDOTE && forms[dot++]) {
             dotted.back() = true;
             before->rbnext = next; // a dot never comes first
             node->rbnext = nullptr;
@@ -132,27 +126,25 @@ void dotsToEnd(CSmartResbuf& chain, const DotForms& forms)
 }
 
 /// Puts a dot before the last value of every list that a dot ends.
-void dotsToMiddle(CSmartResbuf& chain, const DotForms& forms)
+void dotsToMiddle(resbuf* chain, const DotForms& forms)
 {
-    std::vector<resbuf*> beforeLast(1,
-                                    nullptr); // of the open lists: the node before the last value
+    // Of the open lists, and first of the chain: the node before the last value.
+    std::vector<resbuf*> beforeLast(1, nullptr);
     std::size_t dot = 0;
     resbuf* before = nullptr;
-    for (resbuf* node = chain.get(); node != nullptr; before = node, node = node->rbnext) {
-        const bool dots = node->restype == RTDOTE;
-        if (node->restype == RTLB) {
-            beforeLast.back() = before;
-            beforeLast.push_back(nullptr);
-        } else if (node->restype == RTLE) {
-            beforeLast.pop_back();
-        } else if (dots && forms[dot++] == DotForm::closing) {
+    for (resbuf* node = chain; node != nullptr; before = node, node = node->rbnext) {
+        if (node->restype == RTDOTE) {
+            if (forms[dot++]) continue;
             resbuf* mark = acutNewRb(RTDOTE);
             if (mark == nullptr) throw std::bad_alloc();
             mark->rbnext = std::exchange(beforeLast.back()->rbnext, mark);
             node->restype = RTLE;
+        }
+        if (node->restype == RTLE) {
             beforeLast.pop_back();
-        } else if (!dots) {
+        } else {
             beforeLast.back() = before;
+            if (node->restype == RTLB) beforeLast.push_back(nullptr);
         }
     }
 }
@@ -169,5 +161,46 @@ bool rbDotConvert(CSmartResbuf& chain, bool dotInMiddle)
 }
 
 bool rbBalanced(const resbuf* chain) { return dotForms(chain).has_value(); }
+
+RbTokens::RbTokens(const resbuf* chain) : node_(chain)
+{
+    std::optional<DotForms> forms = dotForms(chain);
+    even_ = forms.has_value();
+    if (even_) middle_ = std::move(*forms);
+    else node_ = nullptr;
+}
+
+bool RbTokens::isMiddleDot() const
+{
+    return node_ != nullptr && node_->restype == RTDOTE && middle_[dot_];
+}
+
+RbTokens::Token RbTokens::token() const
+{
+    if (node_ == nullptr) return Token::none;
+    switch (node_->restype) {
+    case RTLB: return Token::begin;
+    case RTLE: return dotted_.back() ? Token::endDotted : Token::end;
+    case RTDOTE: return Token::endDotted;
+    default: return Token::value;
+    }
+}
+
+void RbTokens::next()
+{
+    if (node_ == nullptr) return;
+    if (node_->restype == RTLB) {
+        dotted_.push_back(false);
+    } else if (node_->restype == RTLE || node_->restype == RTDOTE) {
+        if (node_->restype == RTDOTE) ++dot_;
+        dotted_.pop_back();
+    }
+    node_ = node_->rbnext;
+    while (isMiddleDot()) {
+        dotted_.back() = true;
+        ++dot_;
+        node_ = node_->rbnext;
+    }
+}
 
 } // namespace KEX
