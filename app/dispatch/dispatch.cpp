@@ -5,10 +5,10 @@
 
 #include "dispatch/fault_report.h"
 #include "hostapi/lisp.h"
+#include "kex/dialog.h"
 #include "kex/fault.h"
 #include "kex/perf.h"
 #include "kex/resbuf_chain.h"
-#include "kex/ui.h"
 #include "kexdata/configuration.h"
 #include "table/lisp_table.h"
 

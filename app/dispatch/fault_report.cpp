@@ -2,29 +2,21 @@
 #include "dispatch/fault_report.h"
 
 #include "hostapi/lisp.h"
+#include "kex/dialog.h"
 #include "kex/fault.h"
+#include "kex/files.h"
 #include "kex/format.h"
-#include "kex/paths.h"
-#include "kex/rb_text.h"
-#include "kex/ui.h"
+#include "kex/rb_print.h"
 
 namespace KEX {
 namespace {
-
-CKexString fileNameOf(const ACHAR* path)
-{
-    TextView name(path);
-    const std::size_t slash = name.find_last_of(KT("/\\"));
-    if (slash != TextView::npos) name.remove_prefix(slash + 1);
-    return name;
-}
 
 /// The dump lets the failing call be repeated; that it cannot be written must not hide the fault.
 void dumpArguments(const ACHAR* name)
 {
     CKexString file = name;
     file.replace(KT(":"), KT(";"));
-    writeTextFile(tmp_dir() + file + KT(".arg"), rbText(acedGetArgs()));
+    fileSave(tmp_dir() + file + KT(".arg"), toUtf8(rbPrint(acedGetArgs())));
 }
 
 } // namespace
@@ -34,7 +26,7 @@ bool reportFault(const ACHAR* name, unsigned fault)
     unsigned second = 0;
     guardedCall([&] { dumpArguments(name); }, second);
     return askOkCancel(KT("ORVALD"), format(KT("{}:\nAusnahme 0x{:x} in: {}\n\nWeiter ?\n"),
-                                            fileNameOf(acedGetAppName()), fault, name));
+                                            fileNameOnly(acedGetAppName()), fault, name));
 }
 
 } // namespace KEX

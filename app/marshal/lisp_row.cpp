@@ -4,7 +4,7 @@
 
 #include "hostapi/lisp.h"
 #include "kex/format.h"
-#include "kex/messages.h"
+#include "kex/message.h"
 
 namespace KEX {
 namespace {
@@ -26,7 +26,9 @@ void argError(int position)
     const CKexString argument = msgGet(KT("AD018"), KT("Argument"));
     const CKexString invalid = msgGet(KT("AD019"), KT("ist ungültig"));
     const CKexString place = position > 0 ? format(KT("{} "), position) : CKexString();
-    acdbFail(format(KT("{}: {} {}{}"), kexLispCurrentName(), argument, place, invalid));
+    const CKexString text =
+        format(KT("{}: {} {}{}"), kexLispCurrentName(), argument, place, invalid);
+    acdbFail(text.c_str());
 }
 
 int notBuilt(const resbuf*)

@@ -4,7 +4,7 @@
 #include "marshal/ret_ads.h"
 
 #include "hostapi/lisp.h"
-#include "kexdata/entity_check.h"
+#include "kexdata/data_dir.h"
 
 #include <cmath>
 
@@ -125,15 +125,14 @@ int retAds(const nrmResult& result)
 
 int retAds(const CKexDataItem* item)
 {
-    if (item == nullptr || item->isEmpty()) {
+    if (item == nullptr || item->isNil()) {
         acedRetNil();
         return RTNORM;
     }
-    if (const CKexDataDir* directory = item->directory()) return retList(directory->mkLisp());
-    CSmartResbuf copy = rbCopyAll(item->values());
-    chk_ent(copy);
-    if (!item->isAtom()) copy = rbToList(std::move(copy));
-    return returnRb(copy);
+    if (const CKexDataDir* directory = item->getDir()) return retList(directory->mkLisp());
+    CSmartResbuf value = item->mkLisp(); // a list comes with its brackets
+    chk_ent(value);
+    return returnRb(value);
 }
 
 int retAds(const CKexMapTempl<CKexString, CKexString>& map) { return retList(mkResbuf(map)); }
@@ -141,13 +140,6 @@ int retAds(const CKexMapTempl<CKexString, CKexString>& map) { return retList(mkR
 int retAds(const CKexMapTempl<CKexString, CKexArrayTempl<CKexString>>& map)
 {
     return retList(mkResbuf(map));
-}
-
-int retAds(const CKexArrayTempl<CKexDataKey>& keys)
-{
-    RbBuilder list;
-    for (const CKexDataKey& key : keys) key.rbPut(list);
-    return retList(list.take());
 }
 
 } // namespace KEX

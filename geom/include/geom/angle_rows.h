@@ -2,11 +2,11 @@
 // Angles, bulges and arcs.
 #pragma once
 
+#include "kex/angle.h"
+#include "marshal/adapt.h"
 #include "marshal/lisp_row.h"
 
 namespace KEX {
-
-LispFn gAngBulg, gBulgAng;
 
 inline constexpr LispRow kAngleRows[] = {
     {KT("kex_g_ang"), notBuilt, KT("num a"), KT("real")},
@@ -20,8 +20,8 @@ inline constexpr LispRow kAngleRows[] = {
     {KT("kex_g_ang_quad"), notBuilt, KT("num a"), KT("real")},
     {KT("kex_g_ang_seg"), notBuilt, KT("num a, num n"), KT("real")},
     {KT("kex_g_ang_3eck"), notBuilt, KT("num a, num b, num c"), KT("real or nil")},
-    {KT("kex_g_ang_bulg"), gAngBulg, KT("num a"), KT("real")},
-    {KT("kex_g_bulg_ang"), gBulgAng, KT("num b"), KT("real")},
+    {KT("kex_g_ang_bulg"), adapt<g_ang_bulg>, KT("num a"), KT("real")},
+    {KT("kex_g_bulg_ang"), adapt<g_bulg_ang>, KT("num b"), KT("real")},
     {KT("kex_g_ang_equal"), notBuilt, KT("num a1, num a2, [num tol]"), KT("T or nil")},
     {KT("kex_g_angto%"), notBuilt, KT("num a"), KT("real")},
     {KT("kex_g_%toang"), notBuilt, KT("num s"), KT("real")},

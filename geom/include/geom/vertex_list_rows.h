@@ -2,15 +2,17 @@
 // Vertex lists: outlines of segments with bulges.
 #pragma once
 
+#include "marshal/adapt.h"
 #include "marshal/lisp_row.h"
 
 namespace KEX {
 
-LispFn gVlLen, gVlPts;
+/// Start points and last end point, with the tolerance of the configuration.
+inline CKexPoint3dArray vlPoints(const CKexVertexArray& list) { return list.pts(); }
 
 inline constexpr LispRow kVertexListRows[] = {
-    {KT("kex_g_vl_len"), gVlLen, KT("vl"), KT("real")},
-    {KT("kex_g_vl_pts"), gVlPts, KT("vl"), KT("list of pt")},
+    {KT("kex_g_vl_len"), adapt<&CKexVertexArray::geomLength>, KT("vl"), KT("real")},
+    {KT("kex_g_vl_pts"), adapt<vlPoints>, KT("vl"), KT("list of pt")},
     {KT("kex_g_vl_pts1"), notBuilt, KT("vl"), KT("list of pt")},
     {KT("kex_g_vl_norm"), notBuilt, KT("vl"), KT("vl")},
     {KT("kex_g_vl_reverse"), notBuilt, KT("vl"), KT("vl")},

@@ -49,8 +49,6 @@ int retAds(const CKexDataItem* item);
 int retAds(const CKexMapTempl<CKexString, CKexString>& map);
 /// (("key" "a" "b") ...), an empty array as ("key").
 int retAds(const CKexMapTempl<CKexString, CKexArrayTempl<CKexString>>& map);
-/// One component alone as that string or integer, else a list of them, for each key.
-int retAds(const CKexArrayTempl<CKexDataKey>& keys);
 /// Lists of every other kind of value, nested ones included, in the shapes of mkResbuf.
 template <class T>
 int retAds(const CKexArrayTempl<T>& array)

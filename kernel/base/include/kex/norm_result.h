@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Result of a look-up in the norm profiles: a row of reals by position.
+// nrmResult: the reals that a look-up of a norm profile found, by position.
 #pragma once
 
 #include "kex/array.h"
@@ -11,9 +11,8 @@ namespace KEX {
 class nrmResult
 {
 public:
-    nrmResult() = default;
-    explicit nrmResult(CKexArrayTempl<double> values) : values_(std::move(values)) {}
-    /// The value at a position from 0; not a number behind the last one.
+    void append(double value) { values_.append(value); }
+    /// Not a number behind the last value, which is how a reader finds the end.
     double operator[](int position) const
     {
         const bool inside = position >= 0 && position < values_.length();

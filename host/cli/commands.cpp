@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "commands.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace orvald::cli {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFile(const std::string& path)
+{
+    std::error_code error;
+    return fs::exists(path, error) && !fs::is_directory(path, error);
+}
+
+/// The exit status behind an error, and its message with the calls that led to it.
+int report(const Session& session, const Evaluation& evaluation)
+{
+    if (const auto prompt = session.missingInput()) {
+        say("input wanted: " + (prompt->empty() ? "(a prompt without text)" : *prompt));
+        return kNoInput;
+    }
+    if (evaluation.cancelled) {
+        say("interrupted");
+        return kInterrupted;
+    }
+    // The program's own *error* has told the user already.
+    if (!evaluation.handled) {
+        say("error: " + evaluation.error);
+        for (const CallLine& call : evaluation.calls) {
+            std::string place = call.file;
+            if (call.line > 0) place += ":" + std::to_string(call.line);
+            say("  in " + call.call + (place.empty() ? "" : "   " + place));
+        }
+    }
+    return session.moduleFaulted() ? kModuleFault : kLispError;
+}
+
+/// A session with its drawing; the status in `status` when it cannot start.
+std::unique_ptr<Session> start(const Options& options, const SessionOptions& with, int& status)
+{
+    if (!options.drawing.empty() && !isFile(options.drawing)) {
+        say(options.drawing + ": no such file");
+        status = kFileMissing;
+        return nullptr;
+    }
+    auto session = std::make_unique<Session>(with);
+    std::string problem = session->problem();
+    if (!problem.empty()) {
+        say(problem);
+        status = session->moduleFaulted() ? kModuleFault : kFileMissing;
+        return nullptr;
+    }
+    const bool open = options.drawing.empty() ? session->newDrawing(problem)
+                                              : session->open(options.drawing, problem);
+    if (!open) {
+        say(problem);
+        status = options.drawing.empty() ? kUsage : kNoDrawing;
+        return nullptr;
+    }
+    return session;
+}
+
+bool readLines(const std::string& path, std::vector<std::string>& lines)
+{
+    std::ifstream in(path, std::ios::binary);
+    for (std::string line; std::getline(in, line);) {
+        if (line.ends_with('\r')) line.pop_back();
+        lines.push_back(line);
+    }
+    return in.eof() && !in.bad();
+}
+
+/// Writes what was asked for after a good run.
+int writeResults(const Options& options, Session& session)
+{
+    std::string problem;
+    if (!options.save.empty() && !session.save(options.save, problem)) {
+        say(problem);
+        return kNoOutput;
+    }
+    if (!options.picture.empty() && !session.picture(options.picture, problem)) {
+        say(problem);
+        return kNoOutput;
+    }
+    return session.moduleFaulted() ? kModuleFault : kWell;
+}
+
+bool isProgram(const std::string& word)
+{
+    return word.size() > 4 && (word.ends_with(".lsp") || word.ends_with(".LSP"));
+}
+
+std::string jsonText(std::string_view text)
+{
+    std::string out = "\"";
+    for (const char unit : text) {
+        if (unit == '"' || unit == '\\') {
+            out += '\\';
+            out += unit;
+        } else if (static_cast<unsigned char>(unit) < 0x20) {
+            constexpr char kHex[] = "0123456789abcdef";
+            out += "\\u00";
+            out += kHex[unit >> 4];
+            out += kHex[unit & 15];
+        } else {
+            out += unit;
+        }
+    }
+    return out + "\"";
+}
+
+void write(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+} // namespace
+
+void say(const std::string& line)
+{
+    std::fflush(stdout);
+    std::fprintf(stderr, "%s\n", line.c_str());
+}
+
+int run(const Options& options)
+{
+    std::vector<std::string> programs;
+    std::size_t next = 0;
+    while (next < options.words.size() && isProgram(options.words[next])) {
+        programs.push_back(options.words[next++]);
+    }
+    SessionOptions with = options.session;
+    with.arguments.assign(options.words.begin() + static_cast<std::ptrdiff_t>(next),
+                          options.words.end());
+    with.arguments.insert(with.arguments.end(), options.program.begin(), options.program.end());
+    if (programs.empty() && options.expressions.empty()) {
+        say("orvald run needs a program (FILE.lsp) or -e EXPR");
+        return kUsage;
+    }
+    for (const std::string& program : programs) {
+        if (isFile(program)) continue;
+        say(program + ": no such file");
+        return kFileMissing;
+    }
+    if (!options.answers.empty()) {
+        with.answers.emplace();
+        if (!readLines(options.answers, *with.answers)) {
+            say(options.answers + ": cannot be read");
+            return kFileMissing;
+        }
+    }
+
+    int status = kWell;
+    const std::unique_ptr<Session> session = start(options, with, status);
+    if (session == nullptr) return status;
+    Evaluation last;
+    for (const std::string& program : programs) {
+        if (last.ok) last = session->loadFile(program);
+    }
+    for (const std::string& expression : options.expressions) {
+        if (last.ok) last = session->eval(expression);
+    }
+    if (options.time && !session->command("kex_dump")) say("--time: the kernel is not loaded");
+    session->finishOutput();
+    if (!last.ok) return report(*session, last);
+    if (const std::size_t unused = session->unusedAnswers(); unused != 0) {
+        say(options.answers + ": " + std::to_string(unused) + " answers were not asked for");
+    }
+    return writeResults(options, *session);
+}
+
+int eval(const Options& options)
+{
+    if (options.words.empty() && options.expressions.empty()) {
+        say("orvald eval needs an expression");
+        return kUsage;
+    }
+    int status = kWell;
+    const std::unique_ptr<Session> session = start(options, options.session, status);
+    if (session == nullptr) return status;
+    std::vector<std::string> expressions = options.words;
+    expressions.insert(expressions.end(), options.expressions.begin(), options.expressions.end());
+    for (const std::string& expression : expressions) {
+        const Evaluation value = session->eval(expression);
+        session->finishOutput();
+        if (!value.ok) return report(*session, value);
+        if (!value.value.empty()) write(value.value + "\n");
+    }
+    return writeResults(options, *session);
+}
+
+int draw(const Options& options)
+{
+    if (options.words.size() != 2) {
+        say("orvald draw needs a drawing and a picture: orvald draw FILE.dxf PICTURE.svg");
+        return kUsage;
+    }
+    Options here = options;
+    here.drawing = options.words[0];
+    SessionOptions with = options.session;
+    with.kernel.clear(); // a picture needs no kernel
+    int status = kWell;
+    const std::unique_ptr<Session> session = start(here, with, status);
+    if (session == nullptr) return status;
+    std::string problem;
+    if (session->picture(options.words[1], problem)) return kWell;
+    say(problem);
+    return kNoOutput;
+}
+
+int functions(const Options& options)
+{
+    Options here = options;
+    int status = kWell;
+    const std::unique_ptr<Session> session = start(here, options.session, status);
+    if (session == nullptr) return status;
+    const std::string word = options.words.empty() ? std::string() : options.words.front();
+    std::size_t shown = 0, built = 0;
+    std::string out;
+    for (const FunctionLine& function : session->functions()) {
+        if (function.name.find(word) == std::string::npos) continue;
+        ++shown;
+        if (function.built) ++built;
+        if (options.json) {
+            out += (shown == 1 ? "[\n" : ",\n");
+            out += "  {\"name\": " + jsonText(function.name) +
+                   ", \"arguments\": " + jsonText(function.arguments) +
+                   ", \"result\": " + jsonText(function.result) +
+                   ", \"built\": " + (function.built ? "true" : "false") + "}";
+            continue;
+        }
+        out += "(" + function.name + (function.arguments.empty() ? "" : "  " + function.arguments) +
+               ")";
+        if (!function.result.empty()) out += " -> " + function.result;
+        if (!function.built) out += "   [not built]";
+        out += "\n";
+    }
+    if (options.json) out += shown == 0 ? "[]\n" : "\n]\n";
+    write(out);
+    if (!options.json) {
+        say(std::to_string(shown) + " functions, " + std::to_string(built) + " of them built");
+    }
+    return kWell;
+}
+
+} // namespace orvald::cli

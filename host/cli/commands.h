@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The commands of orvald. Each gives the exit status.
+#pragma once
+
+#include "options.h"
+
+namespace orvald::cli {
+
+int run(const Options& options);
+int eval(const Options& options);
+int draw(const Options& options);
+int functions(const Options& options);
+
+/// One line on stderr.
+void say(const std::string& line);
+
+} // namespace orvald::cli

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// orvald: the command line of the headless host.
+#include "commands.h"
+
+#include <csignal>
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+using namespace orvald;
+using namespace orvald::cli;
+
+/// The first Ctrl-C asks the program to stop, the second one ends the process.
+extern "C" void onInterrupt(int)
+{
+    Session::interrupt();
+    std::signal(SIGINT, SIG_DFL);
+}
+
+struct Command
+{
+    std::string_view name;
+    int (*run)(const Options&);
+};
+constexpr Command kCommands[] = {
+    {"run", cli::run}, {"eval", cli::eval}, {"draw", cli::draw}, {"functions", cli::functions}};
+
+int start(const std::vector<std::string>& arguments)
+{
+    std::string problem;
+    const std::optional<Options> options = readOptions(arguments, problem);
+    if (!options) {
+        say("orvald: " + problem + " (orvald --help tells what there is)");
+        return kUsage;
+    }
+    if (options->version) {
+        std::puts("orvald " ORVALD_VERSION);
+        return kWell;
+    }
+    if (options->help || options->command.empty()) {
+        const std::string_view text = helpText();
+        std::fwrite(text.data(), 1, text.size(), options->help ? stdout : stderr);
+        return options->help ? kWell : kUsage;
+    }
+    for (const Command& command : kCommands) {
+        if (command.name == options->command) return command.run(*options);
+    }
+    say("orvald: no command " + options->command + " (orvald --help tells what there is)");
+    return kUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::signal(SIGINT, onInterrupt);
+    std::signal(SIGPIPE, SIG_IGN); // a closed reader shows as a failed write
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    int status = kInternal;
+    try {
+        status = orvald::runOnLispThread([&] { return start(arguments); });
+    } catch (const std::exception& exception) {
+        say(std::string("orvald: internal error: ") + exception.what());
+    }
+    if (std::fflush(stdout) != 0 && status == kWell) status = kNoOutput;
+    return status;
+}

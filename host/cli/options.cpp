@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "options.h"
+
+#include <array>
+#include <functional>
+
+namespace orvald::cli {
+namespace {
+
+/// An option: what it is called and what it does with its value.
+struct Row
+{
+    std::string_view name, shortName;
+    bool takesValue;
+    void (*apply)(Options& options, const std::string& value);
+};
+
+constexpr std::array kRows = {
+    Row{"--home", "", true, [](Options& o, const std::string& v) { o.session.home = v; }},
+    Row{"--load", "", true, [](Options& o, const std::string& v) { o.session.modules.push_back(v); }},
+    Row{"--no-kernel", "", false, [](Options& o, const std::string&) { o.session.kernel.clear(); }},
+    Row{"--boxes", "", true, [](Options& o, const std::string& v) { o.session.boxesOk = v == "ok"; }},
+    Row{"--quiet", "-q", false, [](Options& o, const std::string&) { o.session.quiet = true; }},
+    Row{"--verbose", "-v", false, [](Options& o, const std::string&) { o.session.verbose = true; }},
+    Row{"--help", "-h", false, [](Options& o, const std::string&) { o.help = true; }},
+    Row{"--version", "", false, [](Options& o, const std::string&) { o.version = true; }},
+    Row{"--drawing", "-d", true, [](Options& o, const std::string& v) { o.drawing = v; }},
+    Row{"--save", "-s", true, [](Options& o, const std::string& v) { o.save = v; }},
+    Row{"--picture", "", true, [](Options& o, const std::string& v) { o.picture = v; }},
+    Row{"--answers", "", true, [](Options& o, const std::string& v) { o.answers = v; }},
+    Row{"--trace", "", false, [](Options& o, const std::string&) { o.session.trace = true; }},
+    Row{"--time", "", false, [](Options& o, const std::string&) { o.time = true; }},
+    Row{"--json", "", false, [](Options& o, const std::string&) { o.json = true; }},
+    Row{"", "-e", true, [](Options& o, const std::string& v) { o.expressions.push_back(v); }},
+    Row{"--set", "", true,
+        [](Options& o, const std::string& v) {
+            const std::size_t equals = v.find('=');
+            o.session.variables.emplace_back(
+                v.substr(0, equals), equals == std::string::npos ? "" : v.substr(equals + 1));
+        }},
+};
+
+const Row* findRow(std::string_view name)
+{
+    for (const Row& row : kRows) {
+        if (!name.empty() && (name == row.name || name == row.shortName)) return &row;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<Options> readOptions(const std::vector<std::string>& arguments, std::string& problem)
+{
+    Options options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& word = arguments[i];
+        if (word == "--") {
+            options.program.assign(arguments.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                                   arguments.end());
+            break;
+        }
+        // An expression may begin with a minus: only known spellings and --names are options.
+        const std::size_t equals = word.starts_with("--") ? word.find('=') : std::string::npos;
+        const Row* row = findRow(word.substr(0, equals));
+        if (row == nullptr) {
+            const bool number = word.size() > 1 && word[1] >= '0' && word[1] <= '9';
+            if (word.size() > 1 && word[0] == '-' && !number) {
+                problem = "unknown option " + word;
+                return std::nullopt;
+            }
+            if (options.command.empty()) options.command = word;
+            else options.words.push_back(word);
+            continue;
+        }
+        std::string value;
+        if (row->takesValue) {
+            if (equals != std::string::npos) {
+                value = word.substr(equals + 1);
+            } else if (++i < arguments.size()) {
+                value = arguments[i];
+            } else {
+                problem = word + " needs a value";
+                return std::nullopt;
+            }
+        } else if (equals != std::string::npos) {
+            problem = std::string(row->name) + " takes no value";
+            return std::nullopt;
+        }
+        if (row->name == "--boxes" && value != "ok" && value != "cancel") {
+            problem = "--boxes takes ok or cancel";
+            return std::nullopt;
+        }
+        if (row->name == "--set" && value.find('=') == std::string::npos) {
+            problem = "--set takes NAME=VALUE";
+            return std::nullopt;
+        }
+        row->apply(options, value);
+    }
+    return options;
+}
+
+std::string_view helpText()
+{
+    return R"(orvald: runs AutoLISP programs on drawings, with the construction-detailing kernel loaded
+
+  orvald run PROGRAM.lsp [...] [ARG ...]   load LISP programs in order; (argv) gives the arguments
+      -d, --drawing FILE.dxf       open this drawing first (else a new one)
+      -s, --save FILE.dxf          save the drawing when the program has ended without error
+      -e EXPR                      evaluate an expression after the files
+      --answers FILE               answers to prompts, one a line (else standard input)
+      --picture FILE.svg|.png      draw the result
+      --trace                      print every call into the kernel
+      --time                       totals of the kernel's functions at the end
+  orvald eval EXPR ...             print each value as LISP prints it
+      -d, --drawing FILE.dxf       in this drawing
+  orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
+  orvald functions [WORD] [--json] the kernel's LISP functions in table order:
+                                   name, arguments, result, built or not
+
+Common options, before or after the command:
+  --home DIR            configuration, registry and catalog (else $XDG_CONFIG_HOME/orvald)
+  --set NAME=VALUE      set a system variable
+  --load FILE.arx       load a further module
+  --no-kernel           do not load the kernel
+  --boxes ok|cancel     what boxes with OK and Cancel are answered (else cancel)
+  -q, --quiet           fewer messages       -v, --verbose   more of them
+  --version             -h, --help
+
+What the program prints goes to stdout, messages and alerts to stderr, all in UTF-8.
+Exit: 0 well; 2 the drawing could not be loaded; 3 a LISP error reached the top; 4 output not
+written; 5 input wanted; 6 a fault in a module; 64 usage; 66 file missing; 70 internal;
+130 interrupted.
+)";
+}
+
+} // namespace orvald::cli

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// A session of the headless host, as the command line, tests and fuzzers use it: one host, its
+// modules and one drawing at a time. Text is UTF-8. One session a process at a time, used on the
+// thread that made it; that thread needs a generous stack (see runOnLispThread).
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#define ORVALD_API __attribute__((visibility("default")))
+
+namespace orvald {
+
+struct SessionOptions
+{
+    /// Module to load before anything else; empty for none. The kernel's own module by default.
+    std::string kernel = "Kex_2015_18_32_Main.arx";
+    std::vector<std::string> modules; // further ones, in order
+    std::string home;                 // configuration folder; empty: the user's
+    bool quiet = false, verbose = false;
+    bool boxesOk = false;               // answer of OK/Cancel boxes
+    bool trace = false;                 // every call into a module, on stderr
+    bool dotInMiddle = false;           // dotted pairs go to modules as RTLB a RTDOTE b RTLE
+    bool longIntegers = false;          // integers go to modules as RTLONG always
+    std::vector<std::string> arguments; // what (argv) gives
+    std::vector<std::pair<std::string, std::string>> variables; // system variables to set
+    std::optional<std::vector<std::string>> answers;            // to prompts, instead of stdin
+};
+
+/// A call on the way to an error.
+struct CallLine
+{
+    std::string call, file;
+    int line = 0; // 0: unknown
+};
+
+/// How an evaluation ended.
+struct Evaluation
+{
+    bool ok = true;
+    std::string value;           // as LISP prints it; empty for the blank symbol
+    std::string error;           // message; empty when ok
+    bool handled = false;        // the program's own *error* has had it
+    bool cancelled = false;      // Ctrl-C
+    std::vector<CallLine> calls; // innermost first
+};
+
+/// A LISP function that a module describes.
+struct FunctionLine
+{
+    std::string name, arguments, result;
+    bool built = false;
+};
+
+class ORVALD_API Session
+{
+public:
+    /// Loads the modules. No drawing is open yet.
+    explicit Session(const SessionOptions& options);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Why the session could not start as asked, a line for each module that cannot be loaded;
+    /// empty when all is well.
+    const std::string& problem() const;
+
+    /// Opens a drawing in a document of its own and makes it current; false with the reason. The
+    /// system variables of the options are set in it.
+    bool open(const std::string& path, std::string& problem);
+    /// A new drawing in a document of its own, current from now on. False, with the reason, when a
+    /// system variable of the options cannot be set.
+    bool newDrawing(std::string& problem);
+    /// Closes the current document without saving.
+    void closeCurrent();
+    int documents() const;
+    bool save(const std::string& path, std::string& problem);
+    /// Picture of the current drawing with its temporary graphics, SVG or PNG by the ending.
+    bool picture(const std::string& path, std::string& problem, bool overlay = true);
+
+    /// Evaluates every expression of the text in the current document; the value is the last one's.
+    Evaluation eval(std::string_view text);
+    Evaluation loadFile(const std::string& path);
+    /// Runs a command of a module by name; false when there is none.
+    bool command(const std::string& name);
+
+    bool loadModule(const std::string& file, std::string& reason);
+    bool unloadModule(const std::string& file, std::string& reason);
+    std::vector<std::string> modules() const; // file names in order of loading
+    /// LISP functions in table order, of all modules that describe theirs.
+    std::vector<FunctionLine> functions() const;
+
+    int alerts() const;
+    bool moduleFaulted() const;
+    /// The prompt that found no input; nothing when none did.
+    std::optional<std::string> missingInput() const;
+    /// Answers that were given and never asked for.
+    std::size_t unusedAnswers() const;
+    /// Ends an unfinished output line.
+    void finishOutput();
+    /// Asks the running program to stop; may be called from a signal handler.
+    static void interrupt();
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+/// Runs `body` on a thread with a stack for deep recursion and gives its result.
+ORVALD_API int runOnLispThread(const std::function<int()>& body);
+
+} // namespace orvald

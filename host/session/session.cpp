@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "session/session.h"
+
+#include "document.h"
+#include "host.h"
+#include "hostapi/headless.h"
+#include "picture/picture.h"
+
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <pthread.h>
+
+namespace orvald {
+namespace {
+
+using lisp::toUtf16;
+using lisp::toUtf8;
+
+/// Room for recursion in LISP programs; only touched pages cost memory.
+constexpr std::size_t kLispStack = std::size_t{256} << 20;
+
+Evaluation evaluationOf(lisp::World& world, const lisp::Outcome& outcome)
+{
+    Evaluation result;
+    result.ok = outcome.ok();
+    result.handled = outcome.handled;
+    if (outcome.ok()) {
+        result.value = toUtf8(world.prin1(outcome.value));
+        return result;
+    }
+    const lisp::LispError& error = *outcome.error;
+    result.error = toUtf8(error.message);
+    result.cancelled = error.sort == lisp::LispError::Sort::cancelled;
+    for (const lisp::CallPlace& place : error.calls) {
+        result.calls.push_back({toUtf8(place.call), place.file, place.line});
+    }
+    return result;
+}
+
+/// A system variable from the command line: a number when the text is one, else a text.
+bool setVariable(Document& document, const std::string& name, const std::string& text)
+{
+    const auto set = [&](resbuf& value) {
+        return document.variables().set(toUtf16(name), value) == SystemVariables::Answer::done;
+    };
+    resbuf value = {};
+    char* end = nullptr;
+    const long whole = std::strtol(text.c_str(), &end, 10);
+    if (end != text.c_str() && *end == 0) {
+        value.restype = RTLONG;
+        value.resval.rlong = static_cast<std::int32_t>(whole);
+        if (set(value)) return true;
+    }
+    value.restype = RTREAL;
+    value.resval.rreal = std::strtod(text.c_str(), &end);
+    if (end != text.c_str() && *end == 0 && set(value)) return true;
+    std::u16string units = toUtf16(text);
+    value.restype = RTSTR;
+    value.resval.rstring = units.data();
+    return set(value);
+}
+
+} // namespace
+
+struct Session::State
+{
+    Host host;
+    std::string problem;
+    std::vector<std::pair<std::string, std::string>> variables;
+
+    Document& current() { return *host.current(); }
+    bool setVariables(std::string& reason)
+    {
+        for (const auto& [name, value] : variables) {
+            if (setVariable(current(), name, value)) continue;
+            reason = "system variable " + name + " cannot be set to \"" + value + "\"";
+            return false;
+        }
+        return true;
+    }
+};
+
+Session::Session(const SessionOptions& options) : state_(std::make_unique<State>())
+{
+    if (!options.home.empty()) setenv("KEX_HOME", options.home.c_str(), 1);
+    Host& host = state_->host;
+    host.console().setLevel(options.quiet     ? Console::Level::quiet
+                            : options.verbose ? Console::Level::verbose
+                                              : Console::Level::normal);
+    host.console().setBoxAnswer(options.boxesOk);
+    host.setTracing(options.trace);
+    host.setChainForm({options.dotInMiddle, options.longIntegers});
+    host.setProgramArguments(options.arguments);
+    if (options.answers) host.input().setAnswers(*options.answers);
+    state_->variables = options.variables;
+    std::vector<std::string> modules = options.modules;
+    if (!options.kernel.empty()) modules.insert(modules.begin(), options.kernel);
+    for (const std::string& module : modules) {
+        std::string reason;
+        if (loadModule(module, reason)) continue;
+        if (!state_->problem.empty()) state_->problem += '\n';
+        state_->problem += reason;
+    }
+}
+
+Session::~Session() = default;
+
+const std::string& Session::problem() const { return state_->problem; }
+
+bool Session::open(const std::string& path, std::string& problem)
+{
+    return state_->host.openDocument(path, problem) != nullptr && state_->setVariables(problem);
+}
+
+bool Session::newDrawing(std::string& problem)
+{
+    state_->host.newDocument();
+    return state_->setVariables(problem);
+}
+
+void Session::closeCurrent()
+{
+    if (Document* current = state_->host.current()) state_->host.closeDocument(*current);
+}
+
+int Session::documents() const
+{
+    int count = 0;
+    state_->host.forEachDocument([&](Document&) { ++count; });
+    return count;
+}
+
+bool Session::save(const std::string& path, std::string& problem)
+{
+    problem = state_->current().save(path);
+    return problem.empty();
+}
+
+bool Session::picture(const std::string& path, std::string& problem, bool overlay)
+{
+    picture::Options options;
+    if (overlay) {
+        for (const TemporaryVector& vector : state_->current().graphics().vectors()) {
+            picture::OverlaySegment segment;
+            std::copy_n(vector.from, 3, segment.from);
+            std::copy_n(vector.to, 3, segment.to);
+            segment.colour = vector.colour;
+            segment.dashed = vector.dashed;
+            options.overlay.push_back(segment);
+        }
+    }
+    return picture::savePicture(state_->current().drawing(), path, options, problem);
+}
+
+Evaluation Session::eval(std::string_view text)
+{
+    lisp::World& world = state_->current().world();
+    return evaluationOf(world, world.evalText(toUtf16(text)));
+}
+
+Evaluation Session::loadFile(const std::string& path)
+{
+    lisp::World& world = state_->current().world();
+    return evaluationOf(world, world.loadFile(path));
+}
+
+bool Session::command(const std::string& name)
+{
+    const CommandStack::Command* command = state_->host.commands().find(toUtf16(name));
+    if (command == nullptr) return false;
+    const CommandStack::Command copy = *command; // the stack may change while it runs
+    copy.owner->runCommand(copy.function, copy.globalName);
+    return true;
+}
+
+bool Session::loadModule(const std::string& file, std::string& reason)
+{
+    DynamicLinker& linker = state_->host.linker();
+    if (linker.loadModule(toUtf16(file).c_str(), false, false)) return true;
+    reason = file + ": " + linker.reason();
+    return false;
+}
+
+bool Session::unloadModule(const std::string& file, std::string& reason)
+{
+    DynamicLinker& linker = state_->host.linker();
+    if (linker.unloadModule(toUtf16(file).c_str(), false)) return true;
+    reason = linker.reason();
+    return false;
+}
+
+std::vector<std::string> Session::modules() const
+{
+    std::vector<std::string> names;
+    for (const auto& application : state_->host.linker().applications()) {
+        names.push_back(application->fileName());
+    }
+    return names;
+}
+
+std::vector<FunctionLine> Session::functions() const
+{
+    std::vector<FunctionLine> lines;
+    for (const auto& application : state_->host.linker().applications()) {
+        const auto describe =
+            reinterpret_cast<HostDescribeFunction>(application->symbol(HOST_DESCRIBE_FUNCTION));
+        HostFunctionText text{};
+        for (int code = 0; describe != nullptr && describe(code, &text); ++code) {
+            lines.push_back(
+                {toUtf8(text.name), toUtf8(text.arguments), toUtf8(text.result), text.built});
+        }
+    }
+    return lines;
+}
+
+int Session::alerts() const { return state_->host.console().alerts(); }
+
+bool Session::moduleFaulted() const { return state_->host.anyModuleFaulted(); }
+
+std::optional<std::string> Session::missingInput() const
+{
+    const auto& missing = state_->host.input().missing();
+    return missing ? std::optional(toUtf8(*missing)) : std::nullopt;
+}
+
+std::size_t Session::unusedAnswers() const { return state_->host.input().unused(); }
+
+void Session::finishOutput() { state_->host.console().finish(); }
+
+void Session::interrupt() { Host::interrupt(); }
+
+int runOnLispThread(const std::function<int()>& body)
+{
+    struct Run
+    {
+        const std::function<int()>& body;
+        int result = 0;
+        std::exception_ptr thrown;
+    } run{body, 0, nullptr};
+    const auto start = [](void* argument) -> void* {
+        auto& mine = *static_cast<Run*>(argument);
+        try {
+            mine.result = mine.body();
+        } catch (...) {
+            mine.thrown = std::current_exception();
+        }
+        return nullptr;
+    };
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, kLispStack);
+    pthread_t thread{};
+    const int failed = pthread_create(&thread, &attributes, start, &run);
+    pthread_attr_destroy(&attributes);
+    if (failed != 0) return body(); // no room for a thread: on the stack at hand
+    pthread_join(thread, nullptr);
+    if (run.thrown) std::rethrow_exception(run.thrown);
+    return run.result;
+}
+
+} // namespace orvald
