@@ -3,15 +3,13 @@
 // and length prints.
 #include "kex/rb_print.h"
 
-#include "hostapi/entity.h"
+#include "kex/entity.h"
 #include "kex/format.h"
 
 #include <cmath>
 
 namespace KEX {
 namespace {
-
-constexpr short kHandleGroup = 5;
 
 CKexString realText(double value)
 {
@@ -48,13 +46,9 @@ CKexString quoted(const ACHAR* text)
 
 CKexString entityText(const std::int32_t* name)
 {
-    const CSmartResbuf entity(acdbEntGet(CAdsName(name).asName()));
-    for (const resbuf* node = entity; node != nullptr; node = node->rbnext) {
-        if (node->restype == kHandleGroup) {
-            return format(KT("(handent {})"), quoted(node->resval.rstring));
-        }
-    }
-    return format(KT("nil ;|entity {},{}|;"), name[0], name[1]);
+    const CKexString handle = entityHandle(CAdsName(name));
+    if (handle.isNull()) return format(KT("nil ;|entity {},{}|;"), name[0], name[1]);
+    return format(KT("(handent {})"), quoted(handle.c_str()));
 }
 
 /// The coordinates, with blanks between them.

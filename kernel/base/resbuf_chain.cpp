@@ -179,4 +179,15 @@ int rbLength(const resbuf* chain)
     return nodes;
 }
 
+const resbuf* rbSkip(const resbuf* node)
+{
+    int depth = 0;
+    for (; node != nullptr; node = node->rbnext) {
+        if (node->restype == RTLB) ++depth;
+        if (node->restype == RTLE || node->restype == RTDOTE) --depth;
+        if (depth <= 0) return node->rbnext;
+    }
+    return nullptr;
+}
+
 } // namespace KEX

@@ -110,6 +110,10 @@ KEX_BASE_API bool rbDotConvert(CSmartResbuf& chain, bool dotInMiddle);
 KEX_BASE_API bool rbBalanced(const resbuf* chain);
 /// Nodes of the chain.
 KEX_BASE_API int rbLength(const resbuf* chain);
+/// The node behind the value that starts at `node`: behind the whole list at RTLB, null at the end
+/// of the chain. Only for chains in the closing form.
+KEX_BASE_API const resbuf* rbSkip(const resbuf* node);
+
 /// What member of resval a code, RT or DXF, uses; `none` for marks and codes that do not exist.
 enum class RbKind
 {

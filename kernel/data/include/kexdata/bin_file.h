@@ -9,7 +9,7 @@
 //   10 an entity's handle as text, which is good only in the drawing that it came from.
 #pragma once
 
-#include "kexdata/data_item.h"
+#include "kexdata/data_dir.h"
 
 #include <string>
 
@@ -57,6 +57,7 @@ struct BinOptions
 
 /// The bytes of a data file for the item.
 KEX_DATA_API std::string binEncode(const CKexDataItem& item, const BinOptions& options = {});
+KEX_DATA_API std::string binEncode(const CKexDataDir& directory, const BinOptions& options = {});
 /// The item of a data file's bytes; nothing unless all of them are as binEncode writes them.
 KEX_DATA_API std::optional<CKexDataItem> binDecode(std::string_view bytes);
 /// CRC-32 (IEEE 802.3, as in zip).

@@ -6,23 +6,19 @@
 #pragma once
 
 #include "kexdata/data_item.h"
+#include "kexdata/entity_check.h"
 
 #include <iterator>
 
-namespace KEX {
-/// Makes the entity references of a chain current: a reference to what is erased, or to nothing,
-/// becomes RTNIL. May change the nodes, not their number.
-using RbValidate = void (*)(resbuf* chain);
-/// The validation for references of the host's drawings.
-KEX_DATA_API void chk_ent(resbuf* chain);
-} // namespace KEX
-
 class KEX_DATA_API CKexDataDir
 {
+    static constexpr std::uint32_t kInteger = 0;
+    static constexpr std::uint32_t kRemoved = 0xFFFFFFFF;
+
     struct Entry
     {
-        std::uint32_t name; // of the key pool, or one of the two below
-        std::int32_t number;
+        std::uint32_t name = kRemoved; // of the key pool, or one of the two below
+        std::int32_t number = 0;
         CKexDataItem item;
     };
 
@@ -63,7 +59,7 @@ public:
     using Iterator = IteratorOf<CKexDataDir, CKexDataItem>;
     using ConstIterator = IteratorOf<const CKexDataDir, const CKexDataItem>;
 
-    CKexDataDir() = default;
+    CKexDataDir();
     CKexDataDir(const CKexDataDir&) = delete;
     CKexDataDir& operator=(const CKexDataDir&) = delete;
     ~CKexDataDir();
@@ -71,6 +67,7 @@ public:
     bool isEmpty() const { return used_ == removed_; }
     int length() const { return static_cast<int>(used_ - removed_); }
     void clear();
+    void swap(CKexDataDir& other) noexcept;
 
     // One level.
     CKexDataItem* child(const KEX::DataKeyView& key)
@@ -123,9 +120,6 @@ private:
     template <class Dir, class Item>
     friend class IteratorOf;
 
-    static constexpr std::uint32_t kInteger = 0;
-    static constexpr std::uint32_t kRemoved = 0xFFFFFFFF;
-
     // Entries stand in blocks, each as large as all before it, so that none ever moves.
     static constexpr std::uint32_t kFirstBlock = 4;
     static std::uint32_t blockOf(std::uint32_t place);
@@ -137,10 +131,11 @@ private:
     static std::uint32_t hashOf(const Entry& entry);
 
     std::uint32_t findPlace(const KEX::DataKeyView& key, std::uint32_t hash) const;
-    std::uint32_t addEntry(const KEX::DataKeyView& key, std::uint32_t hash);
-    void enterInIndex(std::uint32_t place, std::uint32_t hash);
-    void rebuildIndex(std::uint32_t slots);
+    void enterInIndex(std::uint32_t place);
+    void rebuildIndex();
     void closeGaps();
+    /// Takes all entries out; directories among them are hung before `doomed`.
+    void dropEntries(CKexDataDir*& doomed);
 
     std::vector<std::unique_ptr<Entry[]>> blocks_;
     std::vector<std::uint32_t> index_; // open addressing: place + 1, 0 is free; empty while few

@@ -17,6 +17,7 @@ class CKexDataDir;
 
 namespace KEX {
 class CBinFile;
+class DataAccess;
 struct BinOptions;
 } // namespace KEX
 
@@ -72,6 +73,8 @@ public:
     bool isNil() const { return kind() == Kind::nil; }
     bool isDir() const { return kind() == Kind::directory; }
     bool isList() const { return kind() == Kind::list || kind() == Kind::dottedList; }
+    /// One value that is neither list nor directory; nil is one.
+    bool isAtom() const { return !isList() && !isDir(); }
     /// Becomes nil.
     void clear() noexcept;
 
@@ -86,7 +89,7 @@ public:
     /// "" when the item is no text; good until the item changes.
     KEX::TextView text() const;
     /// Values of a list, none for anything else.
-    const Values& values() const;
+    const Values& listValues() const;
 
     /// Null when the item is no directory.
     CKexDataDir* getDir() { return isDir() ? wide_.directory : nullptr; }
@@ -137,7 +140,7 @@ public:
 
 private:
     friend class CKexDataDir;
-    friend class DataLister;
+    friend class KEX::DataAccess;
 
     /// Texts up to this length need no memory of their own.
     static constexpr std::size_t kInlineUnits = 7;
