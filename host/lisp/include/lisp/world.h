@@ -150,7 +150,7 @@ public:
 private:
     World& world_;
     Root* previous_;
-    friend class Heap;
+    friend class Evaluator;
 };
 
 /// Builds a list front to back.
@@ -224,6 +224,8 @@ public:
     bool equal(Value a, Value b, double fuzz = 0.0) const;
     void collectGarbage();
     std::size_t heapBytes() const;
+    /// Collects at every safe point, so that a value that is not kept reachable shows at once.
+    void stressCollector(bool on);
 
     Evaluator& evaluator() { return *evaluator_; }
 

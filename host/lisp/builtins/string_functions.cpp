@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Strings: joining, parts, case, characters. Lengths and places are UTF-16 units; substr counts
+// from 1, the vl-string family from 0.
+#include "builtins/tables.h"
+
+#include "characters.h"
+#include "evaluator.h"
+
+#include "lisp/wildcard.h"
+
+#include <algorithm>
+
+namespace orvald::lisp {
+
+namespace {
+
+Value strcat(World& world, Args args)
+{
+    if (args.size() == 0) return world.makeString({});
+    for (int i = 0; i < args.size(); ++i) args.string(i);
+    Heap& heap = evaluatorOf(world).heap;
+    Value result = args[0];
+    if (args.size() > 2) {
+        // The tail is joined first, so that a growing first string is extended once.
+        std::size_t length = 0;
+        for (int i = 1; i < args.size(); ++i) length += args.string(i).size();
+        std::u16string tail;
+        tail.reserve(length);
+        for (int i = 1; i < args.size(); ++i) tail += args.string(i);
+        return heap.concatenate(*static_cast<String*>(result.asObject()), tail);
+    }
+    return args.size() == 1
+               ? result
+               : heap.concatenate(*static_cast<String*>(result.asObject()), args.string(1));
+}
+
+Value strlen(World&, Args args)
+{
+    std::size_t length = 0;
+    for (int i = 0; i < args.size(); ++i) length += args.string(i).size();
+    return Value::integer(static_cast<std::int32_t>(length));
+}
+
+Value substr(World& world, Args args)
+{
+    const std::u16string_view text = args.string(0);
+    const std::int32_t start = args.integer(1);
+    if (start < 1) world.raise(u"bad argument value: positive " + world.prin1(args[1]));
+    std::size_t count = text.size();
+    if (args.size() == 3) {
+        if (args.integer(2) < 0)
+            world.raise(u"bad argument value: non-negative " + world.prin1(args[2]));
+        count = static_cast<std::size_t>(args.integer(2));
+    }
+    const auto from = std::min(static_cast<std::size_t>(start) - 1, text.size());
+    return world.makeString(text.substr(from, count));
+}
+
+Value strcase(World& world, Args args)
+{
+    std::u16string text(args.string(0));
+    const bool lower = !args.at(1).isNil();
+    for (char16_t& unit : text) unit = lower ? lowerUnit(unit) : upperUnit(unit);
+    return world.makeString(text);
+}
+
+// Code of the character at the start of a text; a surrogate pair counts as one.
+std::int32_t codeAt(std::u16string_view text)
+{
+    const std::int32_t lead = text.front();
+    if (lead >= 0xD800 && lead < 0xDC00 && text.size() > 1 && text[1] >= 0xDC00 &&
+        text[1] < 0xE000) {
+        return 0x10000 + ((lead - 0xD800) << 10) + (text[1] - 0xDC00);
+    }
+    return lead;
+}
+
+void appendCode(World& world, std::u16string& text, Value code)
+{
+    const std::int32_t number = code.isInteger() ? code.asInteger() : -1;
+    if (number < 0 || number > 0x10FFFF) world.badArgument("characterp", code);
+    if (number >= 0x10000) {
+        text.push_back(static_cast<char16_t>(0xD7C0 + (number >> 10)));
+        text.push_back(static_cast<char16_t>(0xDC00 + (number & 0x3FF)));
+    } else {
+        text.push_back(static_cast<char16_t>(number));
+    }
+}
+
+Value ascii(World&, Args args)
+{
+    const std::u16string_view text = args.string(0);
+    return Value::integer(text.empty() ? 0 : codeAt(text));
+}
+
+Value chr(World& world, Args args)
+{
+    std::u16string text;
+    args.integer(0);
+    appendCode(world, text, args[0]);
+    if (text == std::u16string_view(u"\0", 1)) text.clear();
+    return world.makeString(text);
+}
+
+Value wcmatch(World& world, Args args)
+{
+    return world.boolean(matchesWildcard(args.string(0), args.string(1)));
+}
+
+Value stringToList(World& world, Args args)
+{
+    std::u16string_view text = args.string(0);
+    ListBuilder codes(world);
+    while (!text.empty()) {
+        const std::int32_t code = codeAt(text);
+        codes.add(Value::integer(code));
+        text.remove_prefix(code >= 0x10000 ? 2 : 1);
+    }
+    return codes.list();
+}
+
+Value listToString(World& world, Args args)
+{
+    std::u16string text;
+    for (Value rest = args.list(0); rest.isCons(); rest = rest.asCons()->cdr) {
+        appendCode(world, text, rest.asCons()->car);
+    }
+    return world.makeString(text);
+}
+
+Value elt(World& world, Args args)
+{
+    const std::u16string_view text = args.string(0);
+    const std::int32_t index = args.integer(1);
+    if (index < 0 || static_cast<std::size_t>(index) >= text.size()) {
+        world.raise(u"bad argument value: index out of range " + world.prin1(args[1]));
+    }
+    return Value::integer(codeAt(text.substr(static_cast<std::size_t>(index))));
+}
+
+// The characters between the first and last that are not in `set`.
+std::u16string_view trimmed(std::u16string_view text, std::u16string_view set, bool left,
+                            bool right)
+{
+    if (left) text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
+    if (right) text = text.substr(0, text.find_last_not_of(set) + 1);
+    return text;
+}
+
+Value trimLeft(World& world, Args args)
+{
+    return world.makeString(trimmed(args.string(1), args.string(0), true, false));
+}
+
+Value trimRight(World& world, Args args)
+{
+    return world.makeString(trimmed(args.string(1), args.string(0), false, true));
+}
+
+Value trim(World& world, Args args)
+{
+    return world.makeString(trimmed(args.string(1), args.string(0), true, true));
+}
+
+constexpr Builtin kTable[] = {
+    {"strcat", strcat},
+    {"strlen", strlen},
+    {"substr", substr, 2, 3},
+    {"strcase", strcase, 1, 2},
+    {"ascii", ascii, 1, 1},
+    {"chr", chr, 1, 1},
+    {"wcmatch", wcmatch, 2, 2},
+    {"vl-string->list", stringToList, 1, 1},
+    {"vl-list->string", listToString, 1, 1},
+    {"vl-string-elt", elt, 2, 2},
+    {"vl-string-trim", trim, 2, 2},
+    {"vl-string-left-trim", trimLeft, 2, 2},
+    {"vl-string-right-trim", trimRight, 2, 2},
+};
+
+} // namespace
+
+std::span<const Builtin> stringBuiltins() { return kTable; }
+
+} // namespace orvald::lisp
