@@ -85,10 +85,17 @@ public:
     Index byHandle(Handle handle) const { return handles_.find(handle); }
     /// Grows with every change; equal counts mean equal contents.
     std::uint64_t changeCount() const { return changes_; }
+    /// Counts a change of what is changed in place: header, classes, raw sections.
+    void noteChange() { ++changes_; }
 
     /// Takes a record in. A handle of 0 becomes a new one; kNone, and nothing done, when its handle
     /// is taken. The record hangs nowhere yet.
     Index add(Record&& record);
+    /// For a loader that does not know yet which handles are free: takes a record with handle 0 in;
+    /// giveHandle must follow before anything looks for it.
+    Index addUnnamed(Record&& record);
+    /// A new handle for such a record; its children follow.
+    void giveHandle(Index index);
     /// A handle that no record has had.
     Handle newHandle() { return nextHandle_++; }
     /// What HANDSEED says: above all handles of the drawing.
@@ -193,6 +200,7 @@ private:
 
     const Slot& slot(Index index) const { return chunks_[index / kChunk][index % kChunk]; }
     Slot& slot(Index index) { return chunks_[index / kChunk][index % kChunk]; }
+    Index place(Record&& record);
     void replaceName(TableId table, std::string_view from, std::string_view to);
 
     std::vector<std::unique_ptr<Slot[]>> chunks_;
@@ -204,5 +212,8 @@ private:
     std::uint64_t changes_ = 0;
     std::uint16_t serial_ = 0;
 };
+
+/// Rows of the CLASSES section for the objects that every drawing holds.
+std::vector<TagList> standardClasses();
 
 } // namespace orvald::drawing

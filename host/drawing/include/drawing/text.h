@@ -26,6 +26,9 @@ std::string text8(std::string_view fileForm);
 /// UTF-16 of UTF-8 and back, without any escape; lone surrogates survive both ways.
 std::u16string utf16(std::string_view utf8);
 std::string utf8(std::u16string_view utf16);
+/// The code point at `at` of UTF-8 text, surrogates encoded alone included, and moves behind it. A
+/// byte that is no UTF-8 gives U+FFFD and counts one.
+char32_t decodeUtf8(std::string_view text, std::size_t& at);
 /// Appends a code point, 0 to 0x10FFFF, surrogates included.
 void appendUtf8(std::string& out, char32_t codePoint);
 

@@ -53,8 +53,9 @@ class FileCalls
 {
 public:
     virtual ~FileCalls() = default;
-    /// Opens a file that nobody else is writing, empty, at `path`; it must not follow a link there.
-    virtual int create(const std::string& path, int& file);
+    /// Makes an empty file at `path`, locked against other writers of it; what an earlier writer
+    /// left there when it was killed goes. It gets the permissions of `model` when that exists.
+    virtual int create(const std::string& path, const std::string& model, int& file);
     virtual int write(int file, const char* bytes, std::size_t count);
     virtual int flush(int file);
     virtual int close(int file);
@@ -62,6 +63,8 @@ public:
     virtual int flushFolder(const std::string& folder);
     virtual void remove(const std::string& path);
 };
+/// The file beside a target in which its new contents grow.
+std::string temporaryName(const std::string& target);
 
 struct Saved
 {

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Records of a drawing: places, handles, ids, blocks and their entities, erasing.
+#include "drawing/drawing.h"
+
+#include "drawing/text.h"
+
+#include <algorithm>
+
+namespace orvald::drawing {
+namespace {
+
+// Open drawings by serial. A serial comes back only after all others were used, so an id of a
+// drawing that was closed long ago does not suddenly name an object of a new one.
+std::vector<Drawing*>& openDrawings()
+{
+    static std::vector<Drawing*> drawings(std::size_t{1} << 16, nullptr);
+    return drawings;
+}
+std::uint16_t lastSerial = 0;
+
+// Owners above an object, at most: beyond that the owners run in a circle.
+constexpr int kMostOwners = 1000;
+
+constexpr std::size_t kHeapHead = 16; // what the allocator adds to a block, about
+
+} // namespace
+
+Drawing::Drawing()
+{
+    std::vector<Drawing*>& open = openDrawings();
+    std::uint16_t serial = lastSerial;
+    do {
+        if (++serial == lastSerial) throw std::bad_alloc(); // 65535 drawings are open
+    } while (serial == 0 || open[serial] != nullptr);
+    lastSerial = serial_ = serial;
+    open[serial] = this;
+}
+
+Drawing::~Drawing() { openDrawings()[serial_] = nullptr; }
+
+Drawing* Drawing::ofId(ObjectId id)
+{
+    return id.value >> 48 != 0 ? nullptr : openDrawings()[id.serial()];
+}
+
+Index Drawing::indexOf(ObjectId id) const
+{
+    const auto low = static_cast<std::uint32_t>(id.value);
+    if (id.value >> 48 != 0 || id.serial() != serial_ || low == 0 || low > count_) return kNone;
+    return low - 1;
+}
+
+const Record* Drawing::find(ObjectId id) const
+{
+    const Index index = indexOf(id);
+    return index == kNone ? nullptr : &at(index);
+}
+
+void Drawing::reserveHandles(Handle upTo) { nextHandle_ = std::max(nextHandle_, upTo + 1); }
+
+Index Drawing::add(Record&& record)
+{
+    if (record.handle == 0) record.handle = newHandle();
+    if (!handles_.add(record.handle, count_)) return kNone;
+    reserveHandles(record.handle);
+    return place(std::move(record));
+}
+
+Index Drawing::addUnnamed(Record&& record) { return place(std::move(record)); }
+
+void Drawing::giveHandle(Index index)
+{
+    const Handle handle = newHandle();
+    handles_.add(handle, index);
+    edit(index).handle = handle;
+    for (Index child = firstChild(index); child != kNone; child = next(child))
+        edit(child).owner = handle;
+}
+
+Index Drawing::place(Record&& record)
+{
+    if (count_ == kNone) throw std::bad_alloc();
+    if (count_ % kChunk == 0) chunks_.push_back(std::make_unique<Slot[]>(kChunk));
+    const Index index = count_++;
+    slot(index).record = std::move(record);
+    ++changes_;
+    return index;
+}
+
+void Drawing::appendChild(Index owner, Index child)
+{
+    Extras& extras = edit(owner).needExtras();
+    Slot& mine = slot(child);
+    mine.record.owner = at(owner).handle;
+    mine.previous = extras.lastChild;
+    mine.next = kNone;
+    if (extras.lastChild == kNone) extras.firstChild = child;
+    else slot(extras.lastChild).next = child;
+    extras.lastChild = child;
+}
+
+Index Drawing::firstChild(Index owner) const
+{
+    const Extras* extras = at(owner).extras();
+    return extras == nullptr ? kNone : extras->firstChild;
+}
+
+Index Drawing::lastChild(Index owner) const
+{
+    const Extras* extras = at(owner).extras();
+    return extras == nullptr ? kNone : extras->lastChild;
+}
+
+void Drawing::dropChildren(Index owner)
+{
+    Extras& extras = edit(owner).needExtras();
+    for (Index child = extras.firstChild; child != kNone;) {
+        Slot& mine = slot(child);
+        child = mine.next;
+        mine.previous = mine.next = kNone;
+    }
+    extras.firstChild = extras.lastChild = kNone;
+}
+
+Index Drawing::addBlock(std::string_view name, Point base)
+{
+    if (findRecord(TableId::blockRecord, name) != kNone) return kNone;
+    Record block(Kind::blockRecord, Family::tableRecord);
+    block.tags.addText(100, "AcDbSymbolTableRecord");
+    block.tags.addText(100, "AcDbBlockTableRecord");
+    block.tags.addText(2, name);
+    block.tags.addHandle(340, 0);
+    block.tags.addInteger(70, 0);
+    block.tags.addInteger(280, 1);
+    block.tags.addInteger(281, 0);
+    const Index index = add(std::move(block));
+    appendRecord(TableId::blockRecord, index);
+
+    Record begin(Kind::block, Family::entity);
+    begin.owner = at(index).handle;
+    begin.tags.addText(100, "AcDbEntity");
+    begin.tags.addText(8, "0");
+    begin.tags.addText(100, "AcDbBlockBegin");
+    begin.tags.addText(2, name);
+    begin.tags.addInteger(70, name.starts_with("*") ? 1 : 0);
+    begin.tags.addPoint(10, base);
+    begin.tags.addText(3, name);
+    begin.tags.addText(1, "");
+    Record end(Kind::endblk, Family::entity);
+    end.owner = at(index).handle;
+    end.tags.addText(100, "AcDbEntity");
+    end.tags.addText(8, "0");
+    end.tags.addText(100, "AcDbBlockEnd");
+    const Index beginIndex = add(std::move(begin)), endIndex = add(std::move(end));
+    Extras& extras = edit(index).needExtras();
+    extras.blockBegin = beginIndex;
+    extras.blockEnd = endIndex;
+    return index;
+}
+
+Index Drawing::currentSpace() const
+{
+    return header.integer("$TILEMODE", 1) != 0 ? modelSpace() : paperSpace();
+}
+
+bool Drawing::isLayoutBlock(Index blockRecord) const
+{
+    const std::string_view name = at(blockRecord).name();
+    return sameName(name, "*Model_Space") || nameKey(name.substr(0, 12)) == "*PAPER_SPACE";
+}
+
+std::string_view Drawing::layoutName(Index blockRecord) const
+{
+    const Index layout = byHandle(at(blockRecord).tags.handle(340));
+    if (layout == kNone || at(layout).kind() != Kind::layout) return {};
+    const TagList& tags = at(layout).tags;
+    const auto name = tags.find(1, tags.findMarker("AcDbLayout"));
+    return name == tags.end() ? std::string_view() : (*name).text();
+}
+
+Index Drawing::blockOf(Index entity) const
+{
+    for (int step = 0; step < 2; ++step) { // a part, then its entity
+        entity = byHandle(at(entity).owner);
+        if (entity == kNone) return kNone;
+        if (at(entity).kind() == Kind::blockRecord) return entity;
+        if (!hasParts(at(entity).kind())) return kNone;
+    }
+    return kNone;
+}
+
+bool Drawing::isGone(Index index) const
+{
+    for (int step = 0; index != kNone && step < kMostOwners; ++step) {
+        if (at(index).erased) return true;
+        index = byHandle(at(index).owner);
+    }
+    return false;
+}
+
+bool Drawing::setErased(Index index, bool erased)
+{
+    if (at(index).erased == erased) return false;
+    Record& record = edit(index);
+    record.erased = erased;
+    if (record.family() == Family::object && erased) {
+        const Index owner = byHandle(record.owner);
+        if (owner != kNone && at(owner).dictionary() != nullptr) {
+            const Dictionary::Entry* entry = at(owner).dictionary()->find(record.handle);
+            if (entry != nullptr)
+                edit(owner).needExtras().dictionary->remove(std::string(entry->key));
+        }
+    } else if (record.family() == Family::tableRecord && !erased) {
+        TableId table{};
+        if (tableOf(record.typeName(), table))
+            tables_[std::size_t(table)].byName.try_emplace(nameKey(record.name()), index);
+    }
+    return true;
+}
+
+std::size_t Drawing::memory() const
+{
+    std::size_t sum =
+        sizeof(Drawing) + handles_.memory() + chunks_.size() * (kChunk * sizeof(Slot) + kHeapHead);
+    const auto list = [&sum](const TagList& tags) {
+        if (tags.memory() != 0) sum += tags.memory() + kHeapHead;
+    };
+    for (Index i = 0; i < count_; ++i) {
+        const Record& record = at(i);
+        list(record.tags);
+        const Extras* extras = record.extras();
+        if (extras == nullptr) continue;
+        sum += sizeof(Extras) + kHeapHead + extras->reactors.capacity() * sizeof(Handle);
+        list(extras->xdata);
+        if (extras->dictionary)
+            sum += extras->dictionary->size() * sizeof(Dictionary::Entry) + kHeapHead;
+    }
+    for (const HeaderVariables::Variable& variable : header.all()) list(variable.value);
+    for (const RawSection& section : rawSections) sum += section.text.capacity();
+    return sum;
+}
+
+} // namespace orvald::drawing

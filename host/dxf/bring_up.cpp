@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// What versions other than AC1027 write otherwise: class rows, proxies, proxy graphics, embedded
+// objects, the group of $ACADMAINTVER. All other records are the same in all of them, or are older
+// forms that the host still reads.
+#include "mend.h"
+
+namespace orvald::dxf {
+
+using namespace drawing;
+
+namespace {
+
+/// Before AC1018 class rows have no instance count (91, behind 90).
+void bringUpClasses(Drawing& drawing)
+{
+    TagList count;
+    count.addInteger(91, 0);
+    for (TagList& row : drawing.classes) {
+        const auto flags = row.find(90);
+        if (flags != row.end() && !row.has(91)) row.insert(std::next(flags), count);
+    }
+}
+
+void renumber(TagList& tags, TagList::Iterator at, int code)
+{
+    TagList fresh;
+    fresh.addInteger(code, (*at).integer());
+    tags.replace(at, fresh);
+}
+
+/// Byte counts of graphics and data had 32-bit groups before AC1024: 92 and 93, now 160 and 161.
+void widenCounts(Record& record)
+{
+    const bool proxy = record.kind() == Kind::proxyEntity || record.kind() == Kind::proxyObject;
+    std::string_view marker;
+    for (auto it = record.tags.begin(); it != record.tags.end(); ++it) {
+        const Tag tag = *it;
+        if (tag.code() == 100) marker = tag.text();
+        const bool inProxy = proxy && (marker == "AcDbProxyEntity" || marker == "AcDbProxyObject");
+        const bool countsGraphics = tag.code() == 92 && (inProxy || marker == "AcDbEntity");
+        const bool countsData = tag.code() == 93 && inProxy;
+        if (!countsGraphics && !countsData) continue;
+        const auto offset = it.at() - record.tags.begin().at();
+        renumber(record.tags, it, countsGraphics ? 160 : 161);
+        it = TagList::Iterator(record.tags.begin().at() + offset);
+        marker = countsGraphics && !inProxy ? "AcDbEntity" : "AcDbProxyEntity";
+    }
+}
+
+/// AC1032 splits a proxy's format (95: version in the low word, maintenance in the high one) into
+/// 71 and 97.
+void joinProxyFormat(Record& record)
+{
+    TagList& tags = record.tags;
+    const auto version = tags.find(71), maintenance = tags.find(97);
+    if (version == tags.end() || maintenance == tags.end() || tags.has(95)) return;
+    const std::int64_t format = ((*version).integer() & 0xFFFF) | (*maintenance).integer() << 16;
+    tags.erase(tags.find(97));
+    renumber(tags, tags.find(71), 95);
+    TagList fresh;
+    fresh.addInteger(95, format);
+    tags.replace(tags.find(95), fresh);
+}
+
+/// Takes the objects embedded behind group 101 away: they repeat what older groups say (column
+/// layout of texts, the multi-line form of attributes).
+bool dropEmbedded(Record& record)
+{
+    const auto embedded = record.tags.find(101);
+    if (embedded == record.tags.end()) return false;
+    record.tags.erase(embedded, record.tags.end());
+    return true;
+}
+
+} // namespace
+
+void bringUp(Drawing& drawing, std::string_view version, Warnings& warnings)
+{
+    drawing.header.setText("$ACADVER", 1, "AC1027");
+    if (version == "AC1027") return;
+    bringUpClasses(drawing);
+    std::size_t embedded = 0, bodies = 0;
+    for (Index i = 0; i < drawing.recordCount(); ++i) {
+        const Kind kind = drawing.at(i).kind();
+        const bool proxy = kind == Kind::proxyEntity || kind == Kind::proxyObject;
+        const bool body = kind == Kind::solid3d || kind == Kind::region || kind == Kind::body;
+        if (version < "AC1024" &&
+            (proxy || (drawing.at(i).isEntity() && drawing.at(i).tags.has(310))))
+            widenCounts(drawing.edit(i));
+        if (version > "AC1027" && proxy) joinProxyFormat(drawing.edit(i));
+        if (version > "AC1027" && drawing.at(i).isEntity() && dropEmbedded(drawing.edit(i)))
+            ++embedded;
+        if (version < "AC1027" && body) ++bodies;
+    }
+    if (embedded != 0)
+        warnings.add(0, std::to_string(embedded) + " texts lose their column or multi-line data, " +
+                            "which AC1027 does not have");
+    if (bodies != 0)
+        warnings.add(0, std::to_string(bodies) + " solid bodies keep the text form of " +
+                            std::string(version) + ", which AutoCAD may not read in AC1027");
+    // The maintenance number has another group in AC1032.
+    if (drawing.header.has("$ACADMAINTVER")) {
+        TagList& maintenance = drawing.header.need("$ACADMAINTVER");
+        maintenance.clear();
+        maintenance.addInteger(70, 125);
+    }
+}
+
+} // namespace orvald::dxf

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Loading a drawing: a whole one, or none and the reason.
+#include "dxf/dxf.h"
+
+#include "mend.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace orvald::dxf {
+namespace {
+
+Loaded loadLines(LineSource& lines, std::string file)
+{
+    Loaded loaded;
+    Warnings warnings;
+    const auto refuse = [&](DxfError error) {
+        error.file = std::move(file);
+        loaded.error = std::move(error);
+        loaded.drawing.reset();
+    };
+    try {
+        loaded.drawing = std::make_unique<drawing::Drawing>();
+        Loader loader(*loaded.drawing, warnings);
+        Parser parser(lines, loader);
+        parser.run();
+        loaded.version = parser.version();
+        loader.finish();
+        mendStructure(*loaded.drawing, warnings);
+        bringUp(*loaded.drawing, loaded.version, warnings);
+        completeDrawing(*loaded.drawing, warnings);
+    } catch (const Fail& fail) {
+        refuse(fail.error);
+    } catch (const std::bad_alloc&) {
+        refuse({{}, lines.number(), DxfError::kNoGroup, "not enough memory", 0});
+    }
+    loaded.warnings = warnings.take();
+    return loaded;
+}
+
+} // namespace
+
+Loaded load(const std::string& path)
+{
+    Loaded loaded;
+    loaded.error.file = path;
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat status
+    {
+    };
+    if (file < 0 || ::fstat(file, &status) != 0) {
+        loaded.error.reason = std::generic_category().message(errno);
+    } else if (S_ISDIR(status.st_mode)) {
+        loaded.error.reason = std::generic_category().message(EISDIR);
+    } else {
+        LineSource lines(file);
+        loaded = loadLines(lines, path);
+    }
+    if (file >= 0) ::close(file);
+    return loaded;
+}
+
+Loaded loadText(std::string_view text, std::string name)
+{
+    LineSource lines(text);
+    return loadLines(lines, std::move(name));
+}
+
+std::string DxfError::message() const
+{
+    std::string out = file;
+    const auto part = [&out](std::string text) {
+        if (!out.empty()) out += ": ";
+        out += text;
+    };
+    if (line != 0) {
+        std::string place = "line " + std::to_string(line);
+        if (group != kNoGroup) place += ", group " + std::to_string(group);
+        part(place);
+    }
+    part(reason);
+    if (handle != 0) {
+        std::string digits;
+        for (drawing::Handle rest = handle; rest != 0; rest >>= 4)
+            digits.insert(digits.begin(), "0123456789ABCDEF"[rest & 15]);
+        out += " (handle " + digits + ")";
+    }
+    return out;
+}
+
+} // namespace orvald::dxf

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Text values that are not plain ASCII.
+#include "text_in.h"
+
+#include "drawing/text.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace orvald::dxf {
+namespace {
+
+// ANSI 1252 from 0x80 to 0x9F; the five unused bytes stand for the controls of the same number.
+constexpr char16_t kAnsi1252[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char32_t ansi(std::uint8_t byte)
+{
+    return byte < 0xA0 && byte >= 0x80 ? kAnsi1252[byte - 0x80] : byte;
+}
+
+} // namespace
+
+bool isPlainAscii(std::string_view value)
+{
+    const char* at = value.data();
+    const char* end = at + value.size();
+    // Eight bytes at a time: none above 0x7F and none below 0x20.
+    for (; end - at >= 8; at += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, at, 8);
+        const std::uint64_t low = word - 0x2020202020202020u;
+        if (((word | low) & 0x8080808080808080u) != 0) break;
+    }
+    for (; at != end; ++at) {
+        const auto byte = static_cast<std::uint8_t>(*at);
+        if (byte >= 0x80 || (byte < 0x20 && byte != '\t')) return false;
+    }
+    return true;
+}
+
+void cleanText(std::string_view value, bool utf8File, std::string& out, bool& foreign)
+{
+    out.clear();
+    for (std::size_t at = 0; at < value.size();) {
+        const auto byte = static_cast<std::uint8_t>(value[at]);
+        if (byte < 0x20 && byte != '\t') {
+            out += '^';
+            out += static_cast<char>(byte + 0x40);
+            ++at;
+            continue;
+        }
+        const std::size_t start = at++;
+        char32_t code = byte;
+        if (utf8File && byte >= 0x80) code = drawing::decodeUtf8(value, at = start);
+        const std::string_view character = value.substr(start, at - start);
+        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+        if (byte >= 0x80 && character.size() == 1) {
+            drawing::appendUtf8(out, ansi(byte));
+            foreign = foreign || utf8File;
+        } else if (isSurrogate) { // a careless writer has put it into UTF-8 by itself
+            out += drawing::fileForm(character);
+        } else {
+            out += character;
+        }
+    }
+}
+
+} // namespace orvald::dxf

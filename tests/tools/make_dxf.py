@@ -1,0 +1,143 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: LicenseRef-ORVALD
+"""Makes DXF files with another program's library (python3-ezdxf), for tests and benchmarks.
+
+    make_dxf.py sample VERSION OUT    one of each kind of entity and object; VERSION R2000 ... R2018
+    make_dxf.py mixed COUNT OUT       COUNT mixed entities
+    make_dxf.py data COUNT OUT        the same, each with xdata, extension dictionary, two xrecords
+
+Equal arguments give equal geometry: numbers come from a fixed seed.
+"""
+import math
+import random
+import sys
+
+import ezdxf
+from ezdxf.math import Vec3
+
+
+def add_resources(doc):
+    for i in range(12):
+        doc.layers.add(f"LAYER_{i}", color=i + 1)
+    doc.layers.add("Wände_Ost", color=3)
+    doc.linetypes.add("DASHED_X", [1.2, 0.8, -0.4], description="Dashed __ __")
+    doc.styles.add("SIMPLEX", font="simplex.shx")
+    doc.appids.add("ORV_TEST")
+    block = doc.blocks.new("BOLT", base_point=(0, 0))
+    block.add_circle((0, 0), 5)
+    block.add_line((-7, 0), (7, 0))
+    block.add_attdef("NAME", (0, 8), dxfattribs={"height": 2.5, "prompt": "Name?"})
+    nested = doc.blocks.new("PLATE")
+    nested.add_lwpolyline([(0, 0), (100, 0), (100, 50), (0, 50)], close=True)
+    nested.add_blockref("BOLT", (20, 25))
+    nested.add_blockref("BOLT", (80, 25))
+
+
+def add_sample(doc):
+    add_resources(doc)
+    msp = doc.modelspace()
+    msp.add_line((0, 0), (100, 50, 3), dxfattribs={"layer": "LAYER_1", "color": 3})
+    msp.add_line((0.1, 0.2), (1 / 3, 1e-7), dxfattribs={"linetype": "DASHED_X", "ltscale": 0.5})
+    msp.add_point((5, 5))
+    msp.add_circle((50, 50), 12.5, dxfattribs={"layer": "Wände_Ost"})
+    msp.add_circle((5, 5), 2, dxfattribs={"extrusion": (0, 0, -1)})
+    msp.add_arc((0, 0), 30, 15, 200)
+    msp.add_ellipse((10, 10), major_axis=(20, 5), ratio=0.4, start_param=0.5, end_param=4)
+    msp.add_lwpolyline([(0, 0, 0, 0, 0.5), (10, 0, 1, 2, 0), (10, 10, 0, 0, -1)], close=True)
+    pline = msp.add_polyline2d([(0, 0), (5, 0), (5, 5)], dxfattribs={"layer": "LAYER_2"})
+    pline.vertices[1].dxf.bulge = 0.25
+    msp.add_polyline3d([(0, 0, 0), (1, 2, 3), (4, 5, 6)])
+    mesh = msp.add_polymesh((3, 3))
+    for i in range(3):
+        for j in range(3):
+            mesh.set_mesh_vertex((i, j), (i, j, i * j))
+    msp.add_text("Prüfung 20° ^ Maß", dxfattribs={"height": 3.5, "style": "SIMPLEX", "rotation": 30})
+    msp.add_mtext("First\\Psecond {\\H2x;big} " + "long text " * 60, dxfattribs={"char_height": 2.5})
+    ref = msp.add_blockref("BOLT", (30, 40), dxfattribs={"rotation": 45, "xscale": 2, "yscale": 2})
+    ref.add_attrib("NAME", "M12", (32, 42))
+    msp.add_blockref("PLATE", (200, 0), dxfattribs={"row_count": 2, "column_count": 3,
+                                                    "row_spacing": 60, "column_spacing": 110})
+    msp.add_solid([(0, 0), (10, 0), (0, 10), (10, 10)])
+    msp.add_trace([(0, 0), (10, 0), (0, 1), (10, 1)])
+    msp.add_3dface([(0, 0, 0), (1, 0, 0), (1, 1, 1), (0, 1, 1)])
+    hatch = msp.add_hatch(color=2)
+    hatch.paths.add_polyline_path([(0, 0), (30, 0), (30, 20, 0.5), (0, 20)], is_closed=True)
+    edge = hatch.paths.add_edge_path()
+    edge.add_line((5, 5), (10, 5))
+    edge.add_arc((10, 10), 5, 270, 90)
+    edge.add_line((10, 15), (5, 5))
+    pattern = msp.add_hatch()
+    pattern.set_pattern_fill("ANSI31", scale=2.0)
+    pattern.paths.add_polyline_path([(50, 0), (80, 0), (80, 20), (50, 20)], is_closed=True)
+    msp.add_spline([(0, 0), (10, 20), (30, 10), (40, 40)])
+    msp.add_ray((0, 0), (1, 1))
+    msp.add_xline((0, 0), (1, 2))
+    msp.add_leader([(0, 0), (10, 10), (20, 10)])
+    msp.add_linear_dim(base=(0, 30), p1=(0, 0), p2=(40, 0)).render()
+    msp.add_mline([(0, 0), (50, 0), (50, 30)])
+    msp.add_wipeout([(0, 0), (5, 5)])
+    line = msp.add_line((1, 2), (3, 4))
+    line.set_xdata("ORV_TEST", [(1000, "text\twith tab"), (1002, "{"), (1040, 0.1), (1071, 70000),
+                                (1010, Vec3(1, 2, 3)), (1005, line.dxf.handle), (1004, b"\x00\x7f\xff"),
+                                (1002, "}")])
+    line.set_reactors([msp.block_record_handle])
+    xdict = line.new_extension_dict()
+    record = xdict.add_xrecord("KEEP")
+    record.reset([(1, "eins"), (40, 1e-300), (10, (1.5, 2.5, 3.5)), (90, -5), (70, 12),
+                  (330, line.dxf.handle), (290, 1), (160, 2 ** 40), (310, bytes(range(100)))])
+    table = doc.rootdict.add_new_dict("ORV_TABLE", hard_owned=True)
+    for i in range(20):
+        table.add_xrecord(f"Row{i}").reset([(1, f"row {i}"), (40, i * 0.1)])
+    psp = doc.layout("Layout1")
+    psp.add_text("sheet", dxfattribs={"height": 5})
+    doc.layouts.new("Second").add_line((0, 0), (10, 10))
+    doc.groups.new("PAIR").extend([line])
+
+
+def add_mixed(doc, count, with_data):
+    rnd = random.Random(4711)
+    add_resources(doc)
+    msp = doc.modelspace()
+
+    def point():
+        return rnd.uniform(0, 10000), rnd.uniform(0, 10000)
+
+    for i in range(count):
+        attribs = {"layer": f"LAYER_{i % 12}"}
+        kind = i % 10
+        if kind < 4:
+            entity = msp.add_line(point(), point(), dxfattribs=attribs)
+        elif kind == 4:
+            entity = msp.add_circle(point(), rnd.uniform(1, 50), dxfattribs=attribs)
+        elif kind == 5:
+            entity = msp.add_arc(point(), rnd.uniform(1, 50), rnd.uniform(0, 360), rnd.uniform(0, 360),
+                                 dxfattribs=attribs)
+        elif kind < 8:
+            entity = msp.add_lwpolyline([(*point(), 0, 0, rnd.choice((0, 0, 0.5))) for _ in range(6)],
+                                        close=True, dxfattribs=attribs)
+        elif kind == 8:
+            entity = msp.add_text(f"Position {i}", dxfattribs={**attribs, "height": 2.5})
+            entity.set_placement(point())
+        else:
+            entity = msp.add_blockref("BOLT", point(), dxfattribs={**attribs, "rotation": rnd.uniform(0, 360)})
+        if with_data:
+            entity.set_xdata("ORV_TEST", [(1000, f"item {i}"), (1040, rnd.random())])
+            xdict = entity.new_extension_dict()
+            for key in ("DATA", "MORE"):
+                xdict.add_xrecord(key).reset([(1, f"{key} {i}"), (40, rnd.random()), (90, i)])
+
+
+def main():
+    kind, parameter, path = sys.argv[1:4]
+    version = parameter if kind == "sample" else "R2013"
+    doc = ezdxf.new(version, setup=False)
+    doc.header["$INSUNITS"] = 4
+    if kind == "sample":
+        add_sample(doc)
+    else:
+        add_mixed(doc, int(parameter), kind == "data")
+    doc.saveas(path)
+
+
+if __name__ == "__main__":
+    main()
