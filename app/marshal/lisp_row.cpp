@@ -33,8 +33,8 @@ void argError(int position)
 
 int notBuilt(const resbuf*)
 {
-    acdbFail(
-        format(KT("{}: {}"), kexLispCurrentName(), msgGet(KT("AD020"), KT("nicht verfügbar"))));
+    const CKexString missing = msgGet(KT("AD020"), KT("nicht verfügbar"));
+    acdbFail(format(KT("{}: {}"), kexLispCurrentName(), missing).c_str());
     return RTERROR;
 }
 
