@@ -29,7 +29,8 @@ bool startsWithNoCase(std::string_view text, std::string_view part)
 std::vector<Drive> drives()
 {
     std::vector<Drive> table;
-    const std::string text = environment("KEX_DRIVES").value_or("C=/");
+    std::string text = environment("KEX_DRIVES").value_or("");
+    if (text.empty()) text = "C=/";
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find(';', at), text.size());
         const std::string_view entry = std::string_view(text).substr(at, end - at);
