@@ -28,6 +28,11 @@ void ListBuilder::add(CKexDataItem item)
     case Kind::listBegin: return begin();
     case Kind::listEnd: return end(false);
     case Kind::listEndDotted: return end(true);
+    case Kind::list:
+    case Kind::dottedList:
+        begin();
+        for (const CKexDataItem& inner : item.listValues()) add(inner);
+        return end(item.kind() == Kind::dottedList);
     default: return value(std::move(item));
     }
 }

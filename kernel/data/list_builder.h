@@ -19,7 +19,7 @@ public:
     void value(CKexDataItem item);
     /// `dotted`: the last value is the tail, and is not the only one.
     void end(bool dotted);
-    /// An item as it stands among the values of a list: a value or a mark.
+    /// A value, a whole list, or a mark as it stands among the values of a list.
     void add(CKexDataItem item);
     /// True between begin and the end that belongs to it.
     bool isOpen() const { return !open_.empty(); }

@@ -268,7 +268,7 @@ TEST(Messages, AreFoundByOverrideCountryAndCatalog)
 
     KEX::msgLangSet(KT("41"), KT("43"));
     EXPECT_EQ(KEX::msgGet(KT("AD018")), CKexString::fromUtf8("Österreich"));
-    EXPECT_EQ(KEX::msgGet(KT("ESC")).len(), 9); // 49 comes last
+    EXPECT_EQ(KEX::msgGet(KT("ESC")).len(), 10); // 49 comes last
     ASSERT_TRUE(KEX::msgLoad(catalogFile(folder, "new.rsx", "KEXRSX 1\n[49]\nESC=new\n[43]\nX=x"),
                              KT("N_")));
     EXPECT_EQ(KEX::msgGet(KT("ESC")), KT("new")); // the newest catalog first
@@ -279,7 +279,7 @@ TEST(Messages, AreFoundByOverrideCountryAndCatalog)
     // Loading again replaces; what is no catalog changes nothing.
     catalogFile(folder, "new.rsx", "KEXRSX 1\n[49]\nY=y");
     ASSERT_TRUE(KEX::msgLoad(CKexString::fromUtf8(folder / "new.rsx"), KT("N_")));
-    EXPECT_EQ(KEX::msgGet(KT("ESC")).len(), 9);
+    EXPECT_EQ(KEX::msgGet(KT("ESC")).len(), 10);
     EXPECT_FALSE(KEX::msgLoad(catalogFile(folder, "bad.rsx", "KEXRSX 2\n[49]\nY=z"), KT("N_")));
     EXPECT_EQ(KEX::msgGet(KT("Y")), KT("y"));
     EXPECT_EQ(KEX::msgUnload(KT("n_")), 1);

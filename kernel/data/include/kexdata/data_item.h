@@ -57,8 +57,9 @@ public:
     explicit CKexDataItem(const KEX::CAdsName& value);
     static CKexDataItem point2d(double x, double y);
     static CKexDataItem directory();
-    /// A list from its values, whose marks must come out even. `dotted`: the last one is the tail.
-    /// The values are brought to the form that the file comment states.
+    /// A list of values, lists among them; a directory is a broken promise. `dotted`: the last
+    /// value is the tail, and not the only one. The list is brought to the form that the file
+    /// comment states.
     static CKexDataItem list(Values values, bool dotted = false);
 
     CKexDataItem(const CKexDataItem& other);
