@@ -149,7 +149,7 @@ Value Evaluator::evalForm(Value form)
 
 Value Evaluator::runRedefined(const FormNode* node)
 {
-    return callLambda<0>(thunkOf(generalThunks_, node->form, true), node, sp);
+    return callLambda<0>(thunkOf(generalThunks_, node->form, true), nullptr, sp);
 }
 
 Lambda* Evaluator::lambdaOf(Cons* list)

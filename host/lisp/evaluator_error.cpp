@@ -137,23 +137,36 @@ CallPlace Evaluator::placeOf(const Cons* form)
 
 void Evaluator::addCallPlaces(LispError& error, const Frame* from)
 {
-    std::vector<const Cons*> forms; // innermost first
+    struct Run // one call, or the same one again and again in a recursion
+    {
+        const Cons* form;
+        int times;
+    };
+    std::vector<Run> runs; // innermost first
     const auto add = [&](const FormNode* call) {
-        if (call != nullptr && (forms.empty() || forms.back() != call->form)) {
-            forms.push_back(call->form);
+        if (call == nullptr) return;
+        if (!runs.empty() && runs.back().form == call->form) {
+            ++runs.back().times;
+        } else {
+            runs.push_back({call->form, 1});
         }
     };
     add(currentCall);
     for (const Frame* frame = frameTop; frame != from; --frame) add(frame[-1].call);
 
-    std::vector<CallPlace>& places = error.calls; // a fault of the reader has its own at the front
-    for (std::size_t i = 0; i < forms.size(); ++i) {
-        if (i == kInnermostCalls && forms.size() > kInnermostCalls + kOutermostCalls) {
-            const std::size_t skipped = forms.size() - kInnermostCalls - kOutermostCalls;
+    // A fault of the reader has its own places at the front.
+    std::vector<CallPlace>& places = error.calls;
+    for (std::size_t i = 0; i < runs.size(); ++i) {
+        if (i == kInnermostCalls && runs.size() > kInnermostCalls + kOutermostCalls) {
+            const std::size_t skipped = runs.size() - kInnermostCalls - kOutermostCalls;
             places.push_back({toUtf16("... " + std::to_string(skipped) + " more calls"), {}, 0});
             i += skipped;
         }
-        places.push_back(placeOf(forms[i]));
+        places.push_back(placeOf(runs[i].form));
+        if (runs[i].times > 1) {
+            places.back().call +=
+                toUtf16(" (again " + std::to_string(runs[i].times - 1) + " times)");
+        }
     }
 }
 

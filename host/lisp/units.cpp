@@ -7,6 +7,7 @@
 #include "number_text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 
@@ -24,9 +25,8 @@ constexpr int kDropTrailingZeros = 8;
 bool showsZeroFeet(int suppression) { return (suppression & 3) == 1 || (suppression & 3) == 2; }
 bool showsZeroInches(int suppression) { return (suppression & 3) == 1 || (suppression & 3) == 3; }
 
-std::string decimalText(double value, int places, int suppression)
+std::string suppressZeros(std::string text, int suppression)
 {
-    std::string text = fixedText(value, places);
     if ((suppression & kDropTrailingZeros) != 0 && text.find('.') != std::string::npos) {
         text.erase(text.find_last_not_of('0') + 1);
         if (text.back() == '.') text.pop_back();
@@ -38,29 +38,31 @@ std::string decimalText(double value, int places, int suppression)
     return text;
 }
 
+std::string decimalText(double value, int places, int suppression)
+{
+    return suppressZeros(fixedText(value, places), suppression);
+}
+
 std::string scientificText(double value, int places, int suppression)
 {
-    int exponent = value == 0.0 ? 0 : static_cast<int>(std::floor(std::log10(std::fabs(value))));
-    // Division by a power keeps more digits than multiplication by its inverse, but neither may
-    // overflow or fall to zero for the smallest numbers: two steps.
-    const auto mantissaFor = [&](int power) {
-        const int half = power / 2;
-        return value / std::pow(10.0, half) / std::pow(10.0, power - half);
-    };
-    std::string mantissa = fixedText(mantissaFor(exponent), places);
-    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-    if (point > (mantissa.front() == '-' ? 2u : 1u)) { // rounded up to ten
-        mantissa = fixedText(mantissaFor(++exponent), places);
-    } else if (value != 0.0 && std::fabs(mantissaFor(exponent)) < 1.0) {
-        mantissa = fixedText(mantissaFor(--exponent), places);
-    }
-    if ((suppression & kDropTrailingZeros) != 0 && mantissa.find('.') != std::string::npos) {
-        mantissa.erase(mantissa.find_last_not_of('0') + 1);
-        if (mantissa.back() == '.') mantissa.pop_back();
+    char buffer[40];
+    const char* end =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific).ptr;
+    const char* mark = std::find<const char*>(buffer, end, 'e');
+    double mantissa = 0.0;
+    std::from_chars(buffer, mark, mantissa);
+    int exponent = 0;
+    std::from_chars(mark[1] == '+' ? mark + 2 : mark + 1, end, exponent);
+
+    std::string text = fixedText(mantissa, places);
+    if (text.starts_with("10") || text.starts_with("-10")) { // rounded up
+        text = fixedText(mantissa / 10.0, places);
+        ++exponent;
     }
     std::string power = std::to_string(std::abs(exponent));
     if (power.size() < 2) power.insert(0, "0");
-    return mantissa + (exponent < 0 ? "E-" : "E+") + power;
+    return suppressZeros(text, suppression & kDropTrailingZeros) + (exponent < 0 ? "E-" : "E+") +
+           power;
 }
 
 // feet'-inches" from the two parts; `inches` is empty when there are none.

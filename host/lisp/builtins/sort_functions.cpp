@@ -141,7 +141,8 @@ Value sortIndices(World& world, Args args)
     const std::ptrdiff_t count = pushElements(evaluator, args.list(0));
     const Elements elements = elementsOf(items, count);
     Value* const indices = evaluator.sp;
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
+    // Of equal elements the later comes first, as programs know this function.
+    for (std::ptrdiff_t i = count; i-- > 0;) {
         evaluator.push(Value::integer(static_cast<std::int32_t>(i)));
     }
     sortBy(
