@@ -44,6 +44,13 @@ function(kex_public_headers target dir)
     endif()
 endfunction()
 
+# A missing function shows when the library is linked; the sanitizers' own come with the program.
+function(kex_link_defined name)
+    if(NOT KEX_SANITIZE)
+        target_link_options(${name} PRIVATE -Wl,-z,defs)
+    endif()
+endfunction()
+
 # kex_library(name DIR dir [SHARED output-name] [GUARDED] [DEPS ...] [PRIVATE_DEPS ...] SOURCES ...)
 # Sources are relative to DIR. SHARED makes a library of that file name beside the module.
 function(kex_library name)
@@ -52,7 +59,7 @@ function(kex_library name)
     if(A_SHARED)
         add_library(${name} SHARED ${A_SOURCES})
         set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${A_SHARED})
-        target_link_options(${name} PRIVATE $<$<NOT:$<BOOL:${KEX_SANITIZE}>>:-Wl,-z,defs>)
+        kex_link_defined(${name})
     else()
         add_library(${name} STATIC ${A_SOURCES})
     endif()
@@ -77,7 +84,7 @@ function(kex_module name)
     set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${stem} SUFFIX ${suffix})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/${A_DIR})
     target_link_libraries(${name} PRIVATE kex_guarded_flags ${A_DEPS})
-    target_link_options(${name} PRIVATE $<$<NOT:$<BOOL:${KEX_SANITIZE}>>:-Wl,-z,defs>)
+    kex_link_defined(${name})
 endfunction()
 
 # kex_test(name [DIR tests/x] LIBS ... SOURCES ...): one GoogleTest program, known to CTest by its name.
