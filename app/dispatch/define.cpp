@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "dispatch/dispatch.h"
 #include "hostapi/lisp.h"
-#include "table/lisp_table.h"
+#include "marshal/lisp_row.h"
 
 namespace KEX {
 
 int kexLispDefineAll()
 {
-    setLispTable(kexLispTable);
     int code = 0;
-    for (const LispRow& row : kexLispTable) {
+    for (const LispRow& row : lispTable()) {
         if (acedDefun(row.name, code) != RTNORM) return RTERROR;
         if (acedRegFunc(kexLispDispatch, code) != RTNORM) return RTERROR;
         ++code;
@@ -20,7 +19,7 @@ int kexLispDefineAll()
 int kexLispUndefineAll()
 {
     int code = 0;
-    for (const LispRow& row : kexLispTable) acedUndef(row.name, code++);
+    for (const LispRow& row : lispTable()) acedUndef(row.name, code++);
     return RTNORM;
 }
 

@@ -10,7 +10,7 @@
 #include "kex/perf.h"
 #include "kex/resbuf_chain.h"
 #include "kexdata/configuration.h"
-#include "table/lisp_table.h"
+#include "marshal/lisp_row.h"
 
 #include <exception>
 
@@ -74,11 +74,12 @@ int kexLispDispatch()
     state.pendingFault = 0;
     const CKexErrorHandler guard;
     state.replaced = guard.previous();
+    const std::span<const LispRow> table = lispTable();
+    const auto index = static_cast<std::size_t>(static_cast<unsigned>(code));
     // kept: the bound lets the count itself through; no function has that code.
-    if (static_cast<unsigned>(code) > kLispCount) return RSERR;
+    if (index > table.size()) return RSERR;
     static constexpr LispRow kBehindLast = {KT(""), notBuilt, KT(""), KT("")};
-    const auto index = static_cast<std::size_t>(code);
-    const LispRow& row = index < kLispCount ? kexLispTable[index] : kBehindLast;
+    const LispRow& row = index < table.size() ? table[index] : kBehindLast;
 
     unsigned fault = 0;
     try {

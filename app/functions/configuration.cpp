@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // LISP functions over the configuration tree.
+#include "kexdata/configuration.h"
 #include "functions/app_rows.h"
 #include "hostapi/lisp.h"
 #include "kex/rb_print.h"
-#include "kexdata/configuration.h"
 #include "marshal/ret_ads.h"
 
 namespace KEX {

@@ -14,6 +14,7 @@
 #include "lifecycle/commands.h"
 #include "lifecycle/drawing_start.h"
 #include "lifecycle/settings.h"
+#include "table/lisp_table.h"
 
 namespace KEX {
 namespace {
@@ -47,6 +48,7 @@ AcRx::AppRetCode CMainArxApp::On_kInitAppMsg(void* packet)
 
 void CMainArxApp::initialise()
 {
+    setLispTable(kexLispTable);
     loadConfiguration();
     if (!acrxServiceIsRegistered(kBaseApi)) {
         CKexDataDir::setRbValidate(chk_ent);

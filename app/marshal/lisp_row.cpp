@@ -9,16 +9,18 @@
 namespace KEX {
 namespace {
 
-std::span<const LispRow> lispTable;
+std::span<const LispRow> theTable;
 
 } // namespace
 
-void setLispTable(std::span<const LispRow> table) { lispTable = table; }
+void setLispTable(std::span<const LispRow> table) { theTable = table; }
+
+std::span<const LispRow> lispTable() { return theTable; }
 
 const ACHAR* kexLispCurrentName()
 {
     const auto code = static_cast<std::size_t>(static_cast<unsigned>(acedGetFunCode()));
-    return code < lispTable.size() ? lispTable[code].name : KT("");
+    return code < theTable.size() ? theTable[code].name : KT("");
 }
 
 void argError(int position)

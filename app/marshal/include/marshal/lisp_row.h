@@ -26,8 +26,9 @@ struct LispRow
 /// fails.
 LispFn notBuilt;
 
-/// Makes the table known under which names are looked up. It must outlive every call.
+/// Makes the table known that is defined, dispatched to and looked up. It must outlive every call.
 void setLispTable(std::span<const LispRow> table);
+std::span<const LispRow> lispTable();
 
 /// Table name of the function that the host reports as running; "" when there is none.
 const ACHAR* kexLispCurrentName();
