@@ -47,6 +47,13 @@ void Console::message(std::string_view line)
 
 void Console::warning(std::string_view line) { writeLine(line); }
 
+void Console::prompt(std::u16string_view text)
+{
+    std::fflush(stdout);
+    const std::string bytes = lisp::toUtf8(text);
+    std::fwrite(bytes.data(), 1, bytes.size(), stderr);
+}
+
 void Console::alert(std::u16string_view text)
 {
     ++alerts_;

@@ -29,6 +29,8 @@ public:
     void message(std::string_view line);
     /// A line that must be seen: errors and alerts.
     void warning(std::string_view line);
+    /// A question to the user, without a line end of its own.
+    void prompt(std::u16string_view text);
     /// A box with OK; counted, so that a run can tell its caller.
     void alert(std::u16string_view text);
     /// A box with OK and Cancel, answered by the policy.

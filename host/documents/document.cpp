@@ -28,7 +28,7 @@ public:
     {
         constexpr int kLastUnit = 24;
         if (units < 0 || units > kLastUnit) return Acad::eInvalidInput;
-        drawing_.header.setInteger("$INSUNITS", 70, units);
+        set("$INSUNITS", units);
         return Acad::eOk;
     }
     AcDb::MeasurementValue measurement() const override
@@ -37,12 +37,19 @@ public:
     }
     Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue value) override
     {
-        drawing_.header.setInteger("$MEASUREMENT", 70, value);
+        set("$MEASUREMENT", value);
         return Acad::eOk;
     }
     bool isPartiallyOpened() const override { return false; }
 
 private:
+    void set(std::string_view variable, int value)
+    {
+        if (drawing_.header.integer(variable, -1) == value) return;
+        drawing_.header.setInteger(variable, 70, value);
+        drawing_.noteChange();
+    }
+
     drawing::Drawing& drawing_;
 };
 

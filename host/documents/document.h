@@ -7,6 +7,7 @@
 #include "lisp/world.h"
 #include "system_variables.h"
 #include "temporary_graphics.h"
+#include "user_state.h"
 
 #include <memory>
 #include <set>
@@ -24,12 +25,15 @@ public:
     /// `path`: empty for a drawing that was never saved.
     Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::string path);
     ~Document() override;
+    /// The document that a LISP world belongs to.
+    static Document& of(lisp::World& world) { return static_cast<Document&>(world.host()); }
 
     drawing::Drawing& drawing() { return *drawing_; }
     drawing::EntityFunctions& entities() { return entities_; }
     lisp::World& world() { return world_; }
     SystemVariables& variables() { return variables_; }
     TemporaryGraphics& graphics() { return graphics_; }
+    UserState& user() { return user_; }
     const std::string& path() const { return path_; }
     /// Writes the drawing after the modules have had kSaveMsg; empty, or what went wrong.
     std::string save(const std::string& path);
@@ -70,6 +74,7 @@ private:
     std::unique_ptr<AcDbDatabase> database_;
     SystemVariables variables_;
     TemporaryGraphics graphics_;
+    UserState user_;
     std::vector<AcAp::DocLockMode> locks_;
     std::set<std::u16string, std::less<>> commands_;
     lisp::World world_; // last: its functions may reach everything above

@@ -84,6 +84,12 @@ public:
 
     // -- the user
     InputSource& input() { return input_; }
+    /// What the program was called with, for (argv).
+    const std::vector<std::string>& programArguments() const { return programArguments_; }
+    void setProgramArguments(std::vector<std::string> arguments)
+    {
+        programArguments_ = std::move(arguments);
+    }
     /// Asks the running LISP program to stop, from a signal handler.
     static void interrupt();
     /// True once after interrupt().
@@ -106,6 +112,7 @@ private:
 
     Console console_;
     InputSource input_;
+    std::vector<std::string> programArguments_;
     FaultFence fence_;
     ObjectDictionary services_, systemRegistry_;
     ActiveObjects activeObjects_;

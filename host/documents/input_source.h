@@ -18,6 +18,8 @@ public:
     void setAnswers(std::vector<std::string> lines);
     /// The next answer without its line end; nothing at the end of input.
     std::optional<std::string> nextLine();
+    /// True when the user sees what is typed, so that nobody needs to repeat it.
+    bool showsItself() const;
     /// Answers that were given and not asked for.
     std::size_t unused() const { return answers_.size() - next_; }
 

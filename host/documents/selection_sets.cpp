@@ -15,9 +15,19 @@ bool SelectionSet::add(std::uint64_t entity)
 bool SelectionSet::remove(std::uint64_t entity)
 {
     if (members_.erase(entity) == 0) return false;
-    // Programs empty a set from its front or its back: both are found at once.
-    if (order_.back() == entity) order_.pop_back();
-    else order_.erase(std::ranges::find(order_, entity));
+    // Programs empty a set from its front or its back: neither may move the other members.
+    if (order_.back() == entity) {
+        order_.pop_back();
+    } else if (order_[front_] == entity) {
+        ++front_;
+    } else {
+        order_.erase(
+            std::find(order_.begin() + static_cast<std::ptrdiff_t>(front_), order_.end(), entity));
+    }
+    if (front_ == order_.size()) {
+        order_.clear();
+        front_ = 0;
+    }
     return true;
 }
 

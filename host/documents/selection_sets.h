@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <span>
 #include <unordered_set>
 #include <vector>
 
@@ -20,10 +21,14 @@ public:
     /// False when it was not in.
     bool remove(std::uint64_t entity);
     bool has(std::uint64_t entity) const { return members_.contains(entity); }
-    const std::vector<std::uint64_t>& entities() const { return order_; }
+    std::span<const std::uint64_t> entities() const
+    {
+        return std::span<const std::uint64_t>(order_).subspan(front_);
+    }
 
 private:
-    std::vector<std::uint64_t> order_;
+    std::vector<std::uint64_t> order_; // members from front_ on
+    std::size_t front_ = 0;
     std::unordered_set<std::uint64_t> members_;
 };
 

@@ -3,8 +3,10 @@
 // what is computed when it is asked for. Names compare without regard to case.
 #pragma once
 
+#include "drawing/point.h"
 #include "hostapi/resbuf.h"
 
+#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -32,6 +34,15 @@ public:
     Answer get(std::u16string_view name, resbuf& value) const;
     /// An integer may come as RTSHORT or RTLONG, a real as an integer, a point with or without Z.
     Answer set(std::u16string_view name, const resbuf& value);
+
+    // Values for the host's own use, 0 where the name is unknown or of another type.
+    std::int32_t integer(std::u16string_view name) const;
+    double real(std::u16string_view name) const;
+    drawing::Point point(std::u16string_view name) const;
+    void setPoint(std::u16string_view name, drawing::Point value);
+
+    /// World box of the current space; worked out again only after a change of the drawing.
+    drawing::Box extents() const;
 
     /// The variable ERRNO, as the functions on entities set it.
     void setErrno(int value);

@@ -6,7 +6,6 @@
 #include "resbuf/groups.h"
 
 #include <cstring>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,11 +14,6 @@ namespace {
 
 using lisp::Kind;
 using lisp::Value;
-
-struct ChainDeleter
-{
-    void operator()(resbuf* chain) const { releaseChain(chain); }
-};
 
 /// Appends nodes; owns the chain until it is taken.
 class ChainWriter
@@ -57,7 +51,7 @@ private:
 
     lisp::World& world_;
     ChainForm form_;
-    std::unique_ptr<resbuf, ChainDeleter> chain_;
+    Chain chain_;
     resbuf* last_ = nullptr;
     std::vector<OpenList> open_;
     Value culprit_;
@@ -212,6 +206,8 @@ bool isOneList(const resbuf* chain, const DotRule& dots)
 }
 
 } // namespace
+
+void ChainDeleter::operator()(resbuf* chain) const { releaseChain(chain); }
 
 std::uint64_t entityFromName(const std::int32_t* name)
 {

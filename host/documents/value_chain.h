@@ -6,6 +6,7 @@
 #include "hostapi/resbuf.h"
 #include "lisp/world.h"
 
+#include <memory>
 #include <optional>
 
 namespace orvald {
@@ -16,6 +17,13 @@ struct ChainForm
     bool dotInMiddle = false;  // RTLB a RTDOTE b RTLE; else RTLB a b RTDOTE
     bool longIntegers = false; // RTLONG for every integer; else RTSHORT where it fits
 };
+
+struct ChainDeleter
+{
+    void operator()(resbuf* chain) const;
+};
+/// Owns a chain.
+using Chain = std::unique_ptr<resbuf, ChainDeleter>;
 
 /// Chain of the arguments, null for none. A list of exactly two or three reals is a point node.
 /// Raises a LISP error for a value that cannot be passed (a symbol other than T, a file, a

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// command and its relatives: commands of the loaded applications and "c:" functions by name.
+#include "document.h"
+#include "drawing_functions.h"
+#include "host.h"
+#include "registries.h"
+
+#include <utility>
+
+namespace orvald {
+namespace {
+
+using lisp::Args;
+using lisp::Value;
+using lisp::World;
+
+/// A command name as typed: what stands before it only says how it is meant.
+struct Typed
+{
+    std::u16string name; // upper case
+    bool global = false; // "_": in the language of programs
+};
+
+Typed readName(std::u16string_view text)
+{
+    Typed typed;
+    constexpr std::u16string_view kPrefixes = u"'._";
+    while (!text.empty() && kPrefixes.find(text.front()) != std::u16string_view::npos) {
+        typed.global = typed.global || text.front() == u'_';
+        text.remove_prefix(1);
+    }
+    typed.name = upperName(text);
+    return typed;
+}
+
+/// Names the running command for a block.
+class RunningCommand
+{
+public:
+    RunningCommand(UserState& user, const std::u16string& name)
+        : user_(user), before_(std::exchange(user.command, name))
+    {
+    }
+    ~RunningCommand() { user_.command = before_; }
+    RunningCommand(const RunningCommand&) = delete;
+    RunningCommand& operator=(const RunningCommand&) = delete;
+
+private:
+    UserState& user_;
+    std::u16string before_;
+};
+
+/// Runs the command of that name; false when there is none.
+bool run(World& world, const Typed& typed)
+{
+    Document& document = Document::of(world);
+    const CommandStack::Command* found =
+        Host::instance().commands().find(typed.global ? u"_" + typed.name : typed.name);
+    if (found != nullptr) {
+        const CommandStack::Command command = *found; // it may take itself off the stack
+        const RunningCommand running(document.user(), command.globalName);
+        if (command.owner == nullptr) command.function();
+        else command.owner->runCommand(command.function, command.globalName);
+        return true;
+    }
+    if (!document.commands().contains(typed.name)) return false;
+    world.apply(world.symbolValue(u"C:" + typed.name), {});
+    return true;
+}
+
+/// Takes the arguments as what a user types where a command is expected.
+void typeIn(World& world, Args args)
+{
+    for (const Value argument : args.all()) {
+        const std::u16string text = world.princ(argument);
+        // Enter, and nil for Esc: nothing is running that they could end.
+        if (argument.isNil() || text.empty()) continue;
+        const Typed typed = readName(text);
+        if (argument.isString() && run(world, typed)) continue;
+        world.host().print(u"Unknown command \"" + typed.name + u"\".\n");
+        return; // the rest was meant for that command
+    }
+}
+
+// (command [argument ...]) -> nil
+Value command(World& world, Args args)
+{
+    typeIn(world, args);
+    return Value::nil();
+}
+
+// (vl-cmdf [argument ...]) -> T
+Value vlCmdf(World& world, Args args)
+{
+    typeIn(world, args);
+    return world.t();
+}
+
+constexpr lisp::Builtin kTable[] = {
+    {"command", command},
+    {"command-s", command},
+    {"vl-cmdf", vlCmdf},
+};
+
+} // namespace
+
+std::span<const lisp::Builtin> commandFunctions() { return kTable; }
+
+} // namespace orvald

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+#include "prompt.h"
+
+#include "document.h"
+#include "host.h"
+
+#include <utility>
+
+namespace orvald {
+namespace {
+
+using lisp::Value;
+using lisp::World;
+
+std::u16string_view trimmed(std::u16string_view text)
+{
+    constexpr std::u16string_view kBlanks = u" \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::u16string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+} // namespace
+
+void missingInput(World& world, std::u16string_view prompt)
+{
+    const std::u16string text(trimmed(prompt));
+    Host::instance().input().noteMissing(text);
+    world.raise(u"no input for: " + text);
+}
+
+std::u16string askLine(World& world, std::u16string_view prompt)
+{
+    Host& host = Host::instance();
+    InputSource& input = host.input();
+    host.console().prompt(prompt);
+    const std::optional<std::string> answer = input.nextLine();
+    if (!input.showsItself()) host.console().prompt(lisp::toUtf16(answer.value_or("")) + u"\n");
+    if (answer) return lisp::toUtf16(*answer);
+    if (host.takeInterrupt()) {
+        world.raise(lisp::LispError::Sort::cancelled, u"Function cancelled");
+    }
+    missingInput(world, prompt);
+}
+
+void complain(std::u16string_view complaint)
+{
+    Host::instance().console().warning(lisp::toUtf8(complaint));
+}
+
+Question::Question(World& world, Value prompt, std::u16string_view ownPrompt, int honoured)
+    : world_(world),
+      rules_(std::exchange(Document::of(world).user().nextInput, {})),
+      prompt_(prompt.isString() ? prompt.asString() : ownPrompt)
+{
+    rules_.bits &= honoured;
+    if (trimmed(prompt_).empty()) prompt_ = ownPrompt;
+}
+
+Value Question::ask(const Reader& read)
+{
+    for (;;) {
+        const std::u16string typed = askLine(world_, prompt_);
+        const std::u16string_view text = trimmed(typed);
+        if (text.empty()) {
+            if (!has(InputRules::kNoEnter)) return Value::nil();
+            complain(u"An answer is required.");
+            continue;
+        }
+        if (const auto keyword = rules_.keywords.match(text)) return world_.makeString(*keyword);
+        std::u16string complaint;
+        if (const std::optional<Value> value = read(text, complaint)) return *value;
+        if (has(InputRules::kAnyText)) return world_.makeString(text);
+        complain(complaint);
+    }
+}
+
+} // namespace orvald
