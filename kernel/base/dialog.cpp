@@ -21,6 +21,8 @@ std::vector<void*>& dialogStack()
 
 } // namespace
 
+void* DlgEnv_st::hWndApplic = nullptr;
+
 void alert(TextView text) { acedAlert(CKexString(text).c_str()); }
 
 bool askOkCancel(TextView caption, TextView text)

@@ -108,7 +108,7 @@ void CKexDataItem::copyShallow(const CKexDataItem& other)
     case Kind::directory: mkDir(); return;
     default: break;
     }
-    std::memcpy(static_cast<void*>(&wide_), &other.wide_, sizeof wide_);
+    copyBytes(other);
 }
 
 CKexDataItem::CKexDataItem(const CKexDataItem& other) : CKexDataItem()
@@ -126,14 +126,18 @@ CKexDataItem::CKexDataItem(const CKexDataItem& other) : CKexDataItem()
     }
 }
 
-CKexDataItem::CKexDataItem(CKexDataItem&& other) noexcept : wide_(other.wide_)
+CKexDataItem::CKexDataItem(CKexDataItem&& other) noexcept : head_()
 {
+    copyBytes(other);
     other.head_ = Head();
 }
 
 CKexDataItem& CKexDataItem::operator=(CKexDataItem other) noexcept
 {
-    std::swap(wide_, other.wide_);
+    alignas(CKexDataItem) unsigned char bytes[sizeof(CKexDataItem)];
+    std::memcpy(bytes, this, sizeof bytes);
+    copyBytes(other);
+    std::memcpy(static_cast<void*>(&other), bytes, sizeof bytes);
     return *this;
 }
 

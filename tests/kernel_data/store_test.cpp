@@ -121,10 +121,11 @@ TEST(BinaryForm, WrongContentUnderARightCheckIsRefused)
     Random random(22);
     const std::string good = KEX::binEncode(sampleTree());
     const std::string payload = good.substr(12, good.size() - 16);
+    const int size = static_cast<int>(payload.size());
     for (int round = 0; round < 20000; ++round) {
         std::string damaged = payload;
         for (int i = random.below(4); i >= 0; --i) {
-            damaged[random.below(static_cast<int>(damaged.size()))] =
+            damaged[static_cast<std::size_t>(random.below(size))] =
                 static_cast<char>(random.below(256));
         }
         KEX::binDecode(fileOf(damaged)); // must end, and leave nothing behind

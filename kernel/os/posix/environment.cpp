@@ -4,6 +4,7 @@
 #include "kexos/paths.h"
 
 #include <cstdlib>
+#include <pwd.h>
 #include <unistd.h>
 
 namespace kexos {
@@ -17,6 +18,15 @@ std::string firstSet(std::initializer_list<const char*> names)
         if (value.has_value() && !value->empty()) return *value;
     }
     return std::string();
+}
+
+/// HOME, else what the system's list of users says.
+std::string userFolder()
+{
+    std::string folder = firstSet({"HOME"});
+    const passwd* user = folder.empty() ? ::getpwuid(::getuid()) : nullptr;
+    if (user != nullptr) folder = user->pw_dir;
+    return folder;
 }
 
 std::string withoutSeparator(std::string folder)
@@ -47,7 +57,7 @@ std::string homeFolder()
     if (const std::string settings = firstSet({"XDG_CONFIG_HOME"}); !settings.empty()) {
         return withoutSeparator(settings) + "/orvald";
     }
-    return withoutSeparator(firstSet({"HOME"})) + "/.config/orvald";
+    return withoutSeparator(userFolder()) + "/.config/orvald";
 }
 
 std::string tempFolder()

@@ -22,6 +22,13 @@ KEX_BASE_API bool dialogActive();
 /// Window that has the focus; null when there is none.
 KEX_BASE_API void* activeWindow();
 
+/// Surroundings of all dialogs.
+struct DlgEnv_st
+{
+    /// The host's main window, parent of every dialog; null where the host has none.
+    KEX_BASE_API static void* hWndApplic;
+};
+
 /// Answers to the two questions above in place of the platform's; null for the platform's. A host
 /// without windows has neither, so tests bring their own.
 struct DialogSource

@@ -17,7 +17,7 @@ class KEX_DATA_API CKexDataDir
 
     struct Entry
     {
-        std::uint32_t name = kRemoved; // of the key pool, or one of the two below
+        std::uint32_t name = kRemoved; // of the key pool, or one of the two above
         std::int32_t number = 0;
         CKexDataItem item;
     };
@@ -95,13 +95,14 @@ public:
     /// texts by capitals.
     CKexArrayTempl<CKexDataKey> keys(bool sorted = false) const;
 
+    // No child may be added or removed during a walk.
     Iterator begin() { return Iterator(this, 0); }
     Iterator end() { return Iterator(this, used_); }
     ConstIterator begin() const { return ConstIterator(this, 0); }
     ConstIterator end() const { return ConstIterator(this, used_); }
 
-    /// The children's LISP form, not wrapped: (key . atom), (key value ...), (key (subkey . v)
-    /// ...).
+    /// The children's LISP form without a list around them: (key . atom), (key value ...),
+    /// (key (subkey . value) ...).
     KEX::CSmartResbuf mkLisp() const;
 
     /// Reads a data file in place of all children. False, and no change, when it cannot be read or

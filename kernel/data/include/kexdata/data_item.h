@@ -9,7 +9,9 @@
 
 #include "kexdata/data_key.h"
 
+#include <concepts>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <vector>
 
@@ -46,7 +48,11 @@ public:
     using Values = std::vector<CKexDataItem>;
 
     CKexDataItem() noexcept : head_() {}
-    explicit CKexDataItem(bool value) : CKexDataItem(value ? Kind::t : Kind::nil) {}
+    /// Only for bool itself: a pointer must not become T.
+    template <std::same_as<bool> Bool>
+    explicit CKexDataItem(Bool value) : CKexDataItem(value ? Kind::t : Kind::nil)
+    {
+    }
     explicit CKexDataItem(int value);
     explicit CKexDataItem(double value);
     explicit CKexDataItem(KEX::TextView value);
@@ -159,6 +165,12 @@ private:
                kind == Kind::dottedList || kind == Kind::directory;
     }
     void copyShallow(const CKexDataItem& other);
+    /// Takes all 16 bytes over. A copy of the structures below could leave out what is padding in
+    /// one of them and text in the other.
+    void copyBytes(const CKexDataItem& other) noexcept
+    {
+        std::memcpy(static_cast<void*>(this), &other, sizeof *this);
+    }
 
     // 16 bytes: kind, and either a short text or one word.
     struct Head

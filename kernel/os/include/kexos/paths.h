@@ -2,7 +2,8 @@
 // Paths of the kernel and paths of the system. The kernel and its LISP programs write paths in the
 // Windows form ("C:\work\plan.dwg", "\\server\share\x"). Here a table maps drives and shares to
 // folders: the variable KEX_DRIVES, as in "C=/;D=/data;\\srv\share=/mnt/x", "C=/" when it is not
-// set.
+// set. Both "\" and "/" separate, so a file of this system whose name holds a "\" cannot be
+// reached.
 #pragma once
 
 #include "kex/export.h"
