@@ -1,0 +1,11 @@
+; looking up and counting in an association list of 100 keys
+(defun table ( / i pairs) (setq i 100) (repeat 100 (setq i (1- i) pairs (cons (cons i 0) pairs))) pairs)
+(defun run ( / pairs i entry sum)
+  (setq pairs (table) i 0 sum 0)
+  (while (< i 20000)
+    (setq entry (assoc (rem i 100) pairs)
+          pairs (if (= 0 (rem i 50)) (subst (cons (car entry) (1+ (cdr entry))) entry pairs) pairs)
+          sum (+ sum (car entry))
+          i (1+ i)))
+  (list sum (cdr (assoc 50 pairs))))
+(measure 10 run)

@@ -1,0 +1,5 @@
+(defun tak (x y z)
+  (if (not (< y x)) z
+    (tak (tak (1- x) y z) (tak (1- y) z x) (tak (1- z) x y))))
+(defun run () (tak 18 12 6))
+(measure 20 run)

@@ -1,0 +1,5 @@
+local function tak(x, y, z)
+  if not (y < x) then return z end
+  return tak(tak(x - 1, y, z), tak(y - 1, z, x), tak(z - 1, x, y))
+end
+measure(20, function() return tak(18, 12, 6) end)
