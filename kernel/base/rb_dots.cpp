@@ -16,6 +16,7 @@ using DotForms = std::vector<bool>;
 struct Counts
 {
     int begins = 0, ends = 0, dots = 0;
+    bool endsTooEarly = false; // an end without a beginning, if no dot ends a list
 };
 
 Counts countMarks(const resbuf* chain)
@@ -23,7 +24,7 @@ Counts countMarks(const resbuf* chain)
     Counts counts;
     for (; chain != nullptr; chain = chain->rbnext) {
         if (chain->restype == RTLB) ++counts.begins;
-        if (chain->restype == RTLE) ++counts.ends;
+        if (chain->restype == RTLE && ++counts.ends > counts.begins) counts.endsTooEarly = true;
         if (chain->restype == RTDOTE) ++counts.dots;
     }
     return counts;
@@ -46,9 +47,8 @@ struct OpenList
 /// A reading of the chain, nothing when it does not come out even. With `preferMiddle` a dot that
 /// can have either form, and is followed by one value and the end of the list, stands in the
 /// middle.
-std::optional<DotForms> readDots(const resbuf* chain, bool preferMiddle)
+std::optional<DotForms> readDots(const resbuf* chain, const Counts& counts, bool preferMiddle)
 {
-    const Counts counts = countMarks(chain);
     int closingLeft = counts.begins - counts.ends;
     int dotsLeft = counts.dots;
     if (closingLeft < 0 || closingLeft > dotsLeft) return std::nullopt;
@@ -96,8 +96,13 @@ std::optional<DotForms> readDots(const resbuf* chain, bool preferMiddle)
 
 std::optional<DotForms> dotForms(const resbuf* chain)
 {
-    std::optional<DotForms> forms = readDots(chain, false);
-    return forms.has_value() ? forms : readDots(chain, true);
+    const Counts counts = countMarks(chain);
+    if (counts.dots == 0) {
+        if (counts.endsTooEarly || counts.begins != counts.ends) return std::nullopt;
+        return DotForms();
+    }
+    std::optional<DotForms> forms = readDots(chain, counts, false);
+    return forms.has_value() ? forms : readDots(chain, counts, true);
 }
 
 /// Takes the dots out of the middle and marks the ends of their lists instead.
@@ -155,6 +160,7 @@ bool rbDotConvert(CSmartResbuf& chain, bool dotInMiddle)
 {
     const std::optional<DotForms> forms = dotForms(chain);
     if (!forms.has_value()) return false;
+    if (forms->empty()) return true;
     if (dotInMiddle) dotsToMiddle(chain, *forms);
     else dotsToEnd(chain, *forms);
     return true;

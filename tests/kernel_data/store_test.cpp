@@ -182,6 +182,8 @@ TEST_F(Configuration, IsSavedSortedAndWithoutRunTimeKeys)
     ASSERT_TRUE(KEX::cfg_save(file));
     EXPECT_FALSE(KEX::cfg_modified());
     EXPECT_EQ(KEX::cfg_get(KT("*CVPORT*"))->kind(), CKexDataItem::Kind::integer); // still there
+    ASSERT_TRUE(KEX::cfg_saveCopy(file + KT(".copy")));
+    EXPECT_EQ(bytes("Kex_Main.cfg.copy"), bytes("Kex_Main.cfg"));
 
     ASSERT_EQ(KEX::cfg_load(file), KEX::CfgLoad::loaded);
     std::string keys;

@@ -190,9 +190,4 @@ bool makeFolders(const std::string& path)
     return isFolder(path);
 }
 
-bool removeFile(const std::string& path)
-{
-    return calls::remove(path) == 0 || errno == ENOENT || errno == ENOTDIR;
-}
-
 } // namespace kexos

@@ -81,8 +81,6 @@ public:
     RbBuilder& adopt(CSmartResbuf chain);
 
     bool isEmpty() const { return chain_.get() == nullptr; }
-    /// The last node, null while there is none.
-    resbuf* last() const { return last_; }
     /// Gives the chain away; the builder is empty again.
     CSmartResbuf take();
 

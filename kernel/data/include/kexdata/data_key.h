@@ -91,7 +91,6 @@ public:
     void clear() { parts_.clear(); }
     /// One component more.
     void append(const KEX::DataKeyView& part) { parts_.append(KEX::DataKeyPart(part)); }
-    void appendKey(const CKexDataKey& key) { parts_.append(key.parts_); }
     /// The components of a path, which is cut at every "\".
     KEX_DATA_API void appendPath(KEX::TextView path);
 

@@ -29,8 +29,6 @@ KEX_BASE_API bool fileExists(const std::string& path);
 KEX_BASE_API bool makeWritable(const std::string& path);
 /// Makes a folder with all folders above it; true when it exists afterwards.
 KEX_BASE_API bool makeFolders(const std::string& path);
-/// True when the file does not exist afterwards.
-KEX_BASE_API bool removeFile(const std::string& path);
 
 /// What happens to a file call that a test lets fail.
 enum class FileFault
