@@ -20,6 +20,7 @@ public:
     };
 
     void setLevel(Level level) { level_ = level; }
+    bool quiet() const { return level_ == Level::quiet; }
     bool verbose() const { return level_ == Level::verbose; }
     void setBoxAnswer(bool ok) { boxAnswer_ = ok; }
 

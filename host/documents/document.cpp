@@ -136,7 +136,7 @@ bool Document::takeInterrupt() { return host_.takeInterrupt(); }
 
 void Document::commandDefined(std::u16string_view name, bool defined)
 {
-    const std::u16string command(name.substr(2)); // without "C:"
+    const std::u16string command(name);
     if (defined) commands_.insert(command);
     else commands_.erase(command);
 }

@@ -3,10 +3,13 @@
 // screen.
 #include "coordinate_systems.h"
 #include "document.h"
+#include "drawing/text.h"
+#include "drawing/views.h"
 #include "drawing_functions.h"
 #include "entity_list.h"
 #include "resbuf/groups.h"
 
+#include <cstdlib>
 #include <optional>
 
 namespace orvald {
@@ -149,12 +152,60 @@ Value trans(World& world, Args args)
     return pointValue(world, displacement ? to.direction(from.direction(point)) : to(from(point)));
 }
 
+/// First node of a chain with that group code; null when there is none.
+const resbuf* findGroup(const resbuf* chain, int code)
+{
+    while (chain != nullptr && chain->restype != code) chain = chain->rbnext;
+    return chain;
+}
+
+/// A text entity at the origin with the properties that steer its size: the given ones, else those
+/// of its style; nothing without a text.
+std::optional<drawing::Record> unplacedText(Document& document, const resbuf* groups)
+{
+    const resbuf* text = findGroup(groups, 1);
+    if (text == nullptr) return std::nullopt;
+    const drawing::Drawing& drawing = document.drawing();
+    const resbuf* styleName = findGroup(groups, 7);
+    const drawing::Index style =
+        drawing.findRecord(drawing::TableId::style,
+                           styleName == nullptr ? drawing.header.text("$TEXTSTYLE")
+                                                : drawing::fileForm(styleName->resval.rstring));
+    const auto ofStyle = [&](int code, double none) {
+        const double value = style == drawing::kNone ? 0.0 : drawing.at(style).tags.real(code);
+        return value > 0.0 ? value : none;
+    };
+    const auto given = [&](int code, double none) {
+        const resbuf* node = findGroup(groups, code);
+        return node == nullptr ? none : node->resval.rreal;
+    };
+    drawing::Record record(drawing::Kind::text, drawing::Family::entity);
+    record.tags.addPoint(10, {});
+    record.tags.addReal(40, given(40, ofStyle(40, document.variables().real(u"TEXTSIZE"))));
+    record.tags.addText(1, drawing::fileForm(text->resval.rstring));
+    record.tags.addReal(41, given(41, ofStyle(41, 1.0)));
+    return record;
+}
+
+// (textbox list) -> two corners of the box of a text at the origin, not turned; nil without a text
+Value textbox(World& world, Args args)
+{
+    const Chain groups = groupsFromList(world, args.list(0));
+    std::optional<drawing::Record> text = unplacedText(Document::of(world), groups.get());
+    if (!text) return Value::nil();
+    drawing::Drawing paper;
+    const drawing::Box box = drawing::extents(paper, paper.add(std::move(*text)));
+    if (box.empty()) return Value::nil();
+    return world.makeList({pointValue(world, box.min()), pointValue(world, box.max())});
+}
+
 Value nothing(World&, Args) { return Value::nil(); }
 
 constexpr lisp::Builtin kTable[] = {
     {"graphscr", nothing, 0, 0}, {"grclear", nothing, 0, 0}, {"grdraw", grdraw, 3, 4},
     {"grtext", grtext, 0, 3},    {"grvecs", grvecs, 1, 2},   {"redraw", redraw, 0, 2},
-    {"textpage", nothing, 0, 0}, {"textscr", nothing, 0, 0}, {"trans", trans, 3, 4},
+    {"textpage", nothing, 0, 0}, {"textscr", nothing, 0, 0}, {"textbox", textbox, 1, 1},
+    {"trans", trans, 3, 4},
 };
 
 } // namespace

@@ -33,9 +33,12 @@ std::u16string askLine(World& world, std::u16string_view prompt)
 {
     Host& host = Host::instance();
     InputSource& input = host.input();
-    host.console().prompt(prompt);
+    // In a quiet run only a user at a terminal sees the prompt.
+    const bool typed = input.showsItself();
+    const bool shown = typed || !host.console().quiet();
+    if (shown) host.console().prompt(prompt);
     const std::optional<std::string> answer = input.nextLine();
-    if (!input.showsItself()) host.console().prompt(lisp::toUtf16(answer.value_or("")) + u"\n");
+    if (shown && !typed) host.console().prompt(lisp::toUtf16(answer.value_or("")) + u"\n");
     if (answer) return lisp::toUtf16(*answer);
     if (host.takeInterrupt()) {
         world.raise(lisp::LispError::Sort::cancelled, u"Function cancelled");

@@ -162,7 +162,6 @@ constexpr lisp::Builtin kTable[] = {
     {"vl-registry-write", nothing},
     {"vl-vbaload", nothing},
     {"vl-vbarun", nothing},
-    {"vmon", nothing},
     {"vports", vports, 0, 0},
 };
 
