@@ -3,12 +3,14 @@
 // forgets to restore anything survives the first fault only.
 #include "kex/fault.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
+#include <sys/resource.h>
 #include <thread>
 
 namespace {
@@ -20,6 +22,7 @@ constexpr bool kSanitizerOwnsSignals = false;
 #endif
 
 constexpr int kRounds = 150;
+constexpr rlim_t kStack = 8 * 1024 * 1024;
 
 volatile int zero = 0;
 volatile int sink = 0;
@@ -104,6 +107,11 @@ protected:
     void SetUp() override
     {
         if (kSanitizerOwnsSignals) GTEST_SKIP() << "the sanitizer owns the signals";
+        // A stack without a limit would overflow into all memory of the machine.
+        rlimit stack = {};
+        getrlimit(RLIMIT_STACK, &stack);
+        stack.rlim_cur = std::min<rlim_t>(stack.rlim_cur, kStack);
+        setrlimit(RLIMIT_STACK, &stack);
     }
     void TearDown() override
     {
