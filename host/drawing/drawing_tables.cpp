@@ -199,15 +199,19 @@ Index Drawing::needLayer(std::string_view name)
     layer.tags.addInteger(62, 7);
     layer.tags.addText(6, "Continuous");
     layer.tags.addInteger(370, -3);
-    // Plot style and material of layer 0: the files' reader insists on both.
-    const Index zero = findRecord(TableId::layer, "0");
-    for (const int code : {390, 347}) {
-        const Handle handle = zero == kNone ? 0 : at(zero).tags.handle(code);
-        if (handle != 0) layer.tags.addHandle(code, handle);
-    }
+    completeLayer(layer.tags);
     const Index index = add(std::move(layer));
     appendRecord(TableId::layer, index);
     return index;
+}
+
+void Drawing::completeLayer(TagList& layer) const
+{
+    const Index zero = findRecord(TableId::layer, "0");
+    for (const int code : {390, 347}) { // AutoCAD refuses layers without them
+        const Handle handle = zero == kNone ? 0 : at(zero).tags.handle(code);
+        if (handle != 0 && !layer.has(code)) layer.addHandle(code, handle);
+    }
 }
 
 bool Drawing::registerApp(std::string_view name)

@@ -156,6 +156,8 @@ public:
     bool isLayerHidden(std::string_view layer) const;
     /// Makes the layer with white colour and continuous line when it is missing.
     Index needLayer(std::string_view name);
+    /// Gives the groups of a layer the plot style and the material of layer 0 where it has none.
+    void completeLayer(TagList& layer) const;
     /// Registers an application; false when it was registered already.
     bool registerApp(std::string_view name);
 

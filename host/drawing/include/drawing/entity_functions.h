@@ -19,19 +19,29 @@ enum class ErrNo : std::int16_t
 {
     none = 0,
     badTable = 1,
-    badName = 2,     // no object, or one of another drawing
-    badHandle = 13,  // no handle, or nobody's
-    deleted = 17,    // the object is erased
-    badValue = 22,   // out of range
-    badLayer = 25,   // no such layer
+    badName = 2,    // no object, or one of another drawing
+    badHandle = 13, // no handle, or nobody's
+    deleted = 17,   // the object is erased
+    badValue = 22,  // out of range, or taken already
+    typeChange = 24,
+    badLayer = 25,
+    badLinetype = 26,
+    badColour = 27,
+    badStyle = 28,
     modDeleted = 31, // change of an erased object
+    handleChange = 33,
     lockedLayer = 35,
     badType = 36, // unknown or unfit entity type, or groups that do not make an entity
-    noApp = 45    // the application is not registered
+    badNormal = 42,
+    badXdata = 48,
+    noApp = 50, // extended data of an application that is not registered
+    xdataTooBig = 51
 };
 
 /// The z of a plane point (a vertex of an LWPOLYLINE) where a list asks to tell them apart.
 bool isPlanarMark(double z);
+
+struct PendingEntity;
 
 class EntityFunctions
 {
@@ -50,8 +60,9 @@ public:
     ErrNo entGet(ObjectId id, const resbuf* apps, resbuf*& chain, bool markPlanar = false) const;
 
     /// Changes the object named by group -1 to the values given; groups that are not given stay.
-    /// Type and handle cannot change (such groups are ignored); xrecords and dictionaries stay as
-    /// they are. badName, modDeleted, lockedLayer, badType, badLayer, noApp, badValue.
+    /// Xrecords and dictionaries stay as they are, without failure. Nothing has changed after a
+    /// failure: badName, modDeleted, lockedLayer, typeChange, handleChange, badType (a value that
+    /// cannot be stored), and what is wrong with the new values.
     ErrNo entMod(const resbuf* chain);
 
     /// What entMake has made.
@@ -64,7 +75,8 @@ public:
     /// SEQEND; INSERT with 66, ATTRIB, SEQEND; BLOCK, entities, ENDBLK): nothing of it is in the
     /// drawing before its end mark. Null cancels what has been begun. DICTIONARY and XRECORD come
     /// without owner. Missing properties are the current ones; a missing layer is made. badType
-    /// for all that does not make an entity; a complex one is dropped whole then.
+    /// for all that does not make an entity (noApp and the like for its extended data); a complex
+    /// one is dropped whole then.
     ErrNo entMake(const resbuf* chain, Made& made);
 
     /// Erases a main entity or an object, or restores an erased one. badName; lockedLayer; badType
@@ -78,8 +90,8 @@ public:
     /// badHandle when the text is no handle or nobody has it. Erased objects are found.
     ErrNo handEnt(std::u16string_view handle, ObjectId& id) const;
 
-    /// Registers an application. badValue: not a name; noApp: it was registered already.
-    ErrNo regApp(std::u16string_view name);
+    /// Registers an application; false when it is registered already or the name is none.
+    bool regApp(std::u16string_view name);
 
     /// Groups of a table record as old lists have them: 0, 2, 70 ... without names and markers; a
     /// BLOCK with -2, its first entity. `setNext`: tblNext goes on behind it. badTable; badName.
@@ -105,7 +117,6 @@ public:
     ErrNo dictRename(ObjectId dictionary, std::u16string_view from, std::u16string_view to);
 
 private:
-    struct Pending;
     struct Walk
     {
         ObjectId dictionary;
@@ -113,10 +124,8 @@ private:
         bool done = false;
     };
 
-    ErrNo gather(Record&& record, Index space, Made& made);
-
     Drawing& drawing_;
-    std::unique_ptr<Pending> pending_;
+    std::unique_ptr<PendingEntity> pending_;           // a complex entity that is being gathered
     std::array<std::size_t, kTableCount> tableNext_{}; // next place of each table walk
     Walk dictionaryWalk_;
 };

@@ -24,7 +24,7 @@ private:
     };
     std::size_t cellOf(Handle handle) const;
 
-    std::vector<Cell> cells_; // a power of two, at most three quarters in use
+    std::vector<Cell> cells_; // a power of two, at most half in use
     std::size_t count_ = 0;
 };
 
