@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// What a picture is drawn on. The painter hands shapes over one by one, in drawing order, in the
+// coordinates of the view; a canvas keeps no reference to them.
+#pragma once
+
+#include "colour.h"
+#include "plane.h"
+
+#include <string_view>
+#include <vector>
+
+namespace orvald::picture {
+
+/// Colour and origin of a shape.
+struct Ink
+{
+    Colour colour;
+    std::string_view layer; // file form; valid during the call
+};
+
+/// Lengths along a line, in turn drawn and left out, repeated; all lengths 0: no dashes.
+struct Dashes
+{
+    std::vector<double> lengths; // an even number, or none
+    double offset = 0.0;         // where in the pattern a run begins
+};
+
+enum class Ends
+{
+    round, // round ends and corners
+    sharp  // ends cut off, corners mitred: wide polylines
+};
+
+struct Pen
+{
+    double width = 1.0;
+    Ends ends = Ends::round;
+    const Dashes* dashes = nullptr; // none: an unbroken line
+};
+
+enum class FillRule
+{
+    evenOdd,
+    nonZero
+};
+
+class Canvas
+{
+public:
+    Canvas() = default;
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    virtual ~Canvas() = default;
+    virtual void stroke(const Path& path, const Ink& ink, const Pen& pen) = 0;
+    virtual void fill(const Path& path, const Ink& ink, FillRule rule) = 0;
+};
+
+} // namespace orvald::picture

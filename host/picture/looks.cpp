@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Layers and line types are read from their tables on first use.
+#include "looks.h"
+
+#include "drawing/text.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace orvald::picture {
+
+using drawing::Record;
+using drawing::Tag;
+
+namespace {
+
+constexpr int kByBlock = 0, kByLayer = 256;
+constexpr int kWeightByLayer = -1, kWeightByBlock = -2;
+constexpr int kDefaultWeight = 25; // hundredths of a millimetre
+
+int held(std::int64_t value) { return int(std::clamp<std::int64_t>(value, -1000, 1000)); }
+
+// The value of group 440: only one made with this head is an opacity of the entity's own.
+std::uint8_t opacityOf(std::int64_t stored)
+{
+    constexpr std::int64_t kOwn = 0x02000000;
+    return (stored & kOwn) != 0 ? static_cast<std::uint8_t>(stored & 255) : std::uint8_t{255};
+}
+
+} // namespace
+
+Looks::Looks(const drawing::Drawing& drawing, Background background)
+    : drawing_(drawing), background_(background), dashScale_(drawing.header.real("$LTSCALE", 1.0))
+{
+}
+
+int Looks::weight(std::int64_t stored) const { return stored >= 0 ? held(stored) : kDefaultWeight; }
+
+const std::vector<double>* Looks::dashes(std::string_view lineType)
+{
+    auto found = lineTypes_.find(lineType);
+    if (found == lineTypes_.end()) {
+        std::vector<double> lengths;
+        const drawing::Index index = drawing_.findRecord(drawing::TableId::ltype, lineType);
+        if (index != drawing::kNone) {
+            for (const Tag tag : drawing_.at(index).tags)
+                if (tag.code() == 49) lengths.push_back(tag.real());
+        }
+        found = lineTypes_.emplace(lineType, std::move(lengths)).first;
+    }
+    return found->second.empty() ? nullptr : &found->second;
+}
+
+const Layer& Looks::layer(std::string_view name)
+{
+    if (lastLayer_ != nullptr && name == lastName_) return *lastLayer_;
+    auto found = layers_.find(name);
+    if (found == layers_.end()) {
+        Layer layer;
+        layer.colour = numberedColour(7, background_);
+        layer.weight = kDefaultWeight;
+        const drawing::Index index = drawing_.findRecord(drawing::TableId::layer, name);
+        if (index != drawing::kNone) {
+            const Record& record = drawing_.at(index);
+            const auto number = record.tags.integer(62, 7);
+            layer.colour = numberedColour(held(std::abs(number)), background_);
+            const auto rgb = record.tags.integer(420, -1);
+            if (rgb >= 0) layer.colour = trueColour(rgb);
+            layer.weight = weight(record.tags.integer(370, -3));
+            layer.dashes = dashes(record.tags.text(6));
+            layer.off = number < 0;
+            layer.frozen = (record.tags.integer(70) & 1) != 0;
+        }
+        found = layers_.emplace(name, layer).first;
+        found->second.name = found->first;
+    }
+    lastLayer_ = &found->second;
+    lastName_ = name;
+    return *lastLayer_;
+}
+
+Colour Looks::colour(int number, const Look& look, const Look* block) const
+{
+    if (number == kByLayer) return look.layer->colour;
+    if (number == kByBlock && block != nullptr) return block->colour;
+    return numberedColour(number, background_);
+}
+
+Look Looks::of(const Record& entity, const Look* block)
+{
+    std::string_view layerName = "0", lineType = "ByLayer";
+    std::int64_t number = kByLayer, rgb = -1, opacity = 0, stored = kWeightByLayer;
+    Look look;
+    int markers = 0;
+    for (auto at = entity.body(); at != entity.tags.end() && markers < 2; ++at) {
+        const Tag tag = *at;
+        switch (tag.code()) {
+        case 100: ++markers; break; // behind the second one stand the groups of its own kind
+        case 6: lineType = tag.text(); break;
+        case 8: layerName = tag.text(); break;
+        case 48: look.dashScale = tag.real(); break;
+        case 60: look.invisible = tag.integer() != 0; break;
+        case 62: number = tag.integer(); break;
+        case 370: stored = tag.integer(); break;
+        case 420: rgb = tag.integer(); break;
+        case 440: opacity = tag.integer(); break;
+        default: break;
+        }
+    }
+    // What stands on layer 0 in a block takes the layer of the insert.
+    look.layer = block != nullptr && layerName == "0" ? block->layer : &layer(layerName);
+    look.colour = rgb >= 0 ? trueColour(rgb) : colour(held(number), look, block);
+    if (opacity != 0) look.colour.opacity = opacityOf(opacity);
+    if (stored == kWeightByLayer) look.weight = look.layer->weight;
+    else if (stored == kWeightByBlock && block != nullptr) look.weight = block->weight;
+    else look.weight = weight(stored);
+    if (drawing::sameName(lineType, "ByLayer")) look.dashes = look.layer->dashes;
+    else if (drawing::sameName(lineType, "ByBlock"))
+        look.dashes = block != nullptr ? block->dashes : nullptr;
+    else look.dashes = dashes(lineType);
+    look.dashScale *= dashScale_;
+    return look;
+}
+
+} // namespace orvald::picture

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// A canvas that only finds out how far the shapes reach.
+#pragma once
+
+#include "canvas.h"
+
+namespace orvald::picture {
+
+class MeasureCanvas final : public Canvas
+{
+public:
+    void stroke(const Path& path, const Ink&, const Pen& pen) override
+    {
+        Bounds box = path.bounds();
+        box.grow(pen.width / 2.0);
+        add(box);
+    }
+    void fill(const Path& path, const Ink&, FillRule) override { add(path.bounds()); }
+
+    const Bounds& bounds() const { return bounds_; }
+
+private:
+    void add(const Bounds& box)
+    {
+        if (box.empty) return;
+        bounds_.add({box.left, box.bottom});
+        bounds_.add({box.right, box.top});
+    }
+    Bounds bounds_;
+};
+
+} // namespace orvald::picture

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The walk itself: blocks in blocks, and what all shapes share on their way to the canvas.
+#include "painter.h"
+
+#include "dashes.h"
+#include "drawing/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvald::picture {
+
+using drawing::Index;
+using drawing::Kind;
+using drawing::Record;
+using drawing::Transform;
+
+namespace {
+
+constexpr double kThinnest = 1.0;         // pixels
+constexpr std::size_t kMostNesting = 100; // inserts in inserts
+constexpr double kLengthTolerance = 0.1;  // pixels, of the chords that a length is measured by
+
+} // namespace
+
+Painter::Painter(const drawing::Drawing& drawing, const Options& options, const View* view,
+                 Canvas& canvas, Summary& summary)
+    : drawing_(drawing),
+      view_(view),
+      canvas_(canvas),
+      summary_(summary),
+      looks_(drawing, options.background)
+{
+}
+
+bool Painter::spend(std::size_t steps)
+{
+    if (steps > kMostSteps - steps_) {
+        steps_ = kMostSteps;
+        summary_.complete = false;
+        return false;
+    }
+    steps_ += steps;
+    return true;
+}
+
+void Painter::space(Index blockRecord)
+{
+    Place place;
+    if (view_ != nullptr) place.map = view_->map;
+    summary_.entities = 0;
+    for (Index child = drawing_.firstChild(blockRecord); child != drawing::kNone;
+         child = drawing_.next(child))
+        summary_.entities += drawing_.at(child).erased ? 0 : 1;
+    block(blockRecord, place);
+}
+
+void Painter::block(Index blockRecord, const Place& place)
+{
+    // A block that holds itself shows nothing there.
+    if (open_.size() >= kMostNesting ||
+        std::find(open_.begin(), open_.end(), blockRecord) != open_.end())
+        return;
+    open_.push_back(blockRecord);
+    for (Index child = drawing_.firstChild(blockRecord); child != drawing::kNone && spend(1);
+         child = drawing_.next(child))
+        entity(child, place);
+    open_.pop_back();
+}
+
+void Painter::entity(Index index, const Place& place)
+{
+    const Record& record = drawing_.at(index);
+    if (record.erased || !record.isMainEntity()) return;
+    const Look look = looks_.of(record, place.block);
+    if (record.kind() == Kind::insert) return insert(index, look, place);
+    if (look.hidden()) return;
+    switch (record.kind()) {
+    case Kind::line: return line(record, look, place);
+    case Kind::point: return point(record, look, place);
+    case Kind::ray:
+    case Kind::xline: return endless(record, look, place);
+    case Kind::circle:
+    case Kind::arc: return circle(record, look, place);
+    case Kind::ellipse: return ellipse(record, look, place);
+    case Kind::spline: return spline(record, look, place);
+    case Kind::leader: return leader(record, look, place);
+    case Kind::lwpolyline:
+    case Kind::polyline: return polyline(index, look, place);
+    case Kind::solid:
+    case Kind::trace: return solid(record, look, place);
+    case Kind::face3d: return face(record, look, place);
+    case Kind::hatch: return hatch(record, look, place);
+    case Kind::text: return text(record, look, place);
+    case Kind::mtext: return mtext(record, look, place);
+    case Kind::attdef:
+        // In an insert its place is taken by the insert's own attribute, unless it is constant.
+        if (place.block == nullptr || (record.tags.integer(70) & 2) != 0) text(record, look, place);
+        return;
+    case Kind::dimension: return blockOfName(record.tags.text(2), look, place);
+    case Kind::viewport: return; // a window is no drawing
+    default:
+        if (view_ != nullptr) ++summary_.notDrawn[std::string(record.typeName())];
+    }
+}
+
+void Painter::insert(Index index, const Look& look, const Place& place)
+{
+    // An insert on a layer that is off hides only what follows its layer; a frozen one hides all.
+    if (look.invisible || look.layer->frozen) return;
+    const drawing::InsertView view = drawing::insertView(drawing_.at(index));
+    const Index inner = drawing_.findRecord(drawing::TableId::blockRecord, view.block);
+    if (inner != drawing::kNone) {
+        const drawing::Point base = drawing::blockBase(drawing_, inner);
+        for (int row = 0; row < std::max(view.rows, 1); ++row) {
+            for (int column = 0; column < std::max(view.columns, 1); ++column) {
+                if (!spend(1)) return;
+                block(inner, {place.map.after(view.transform(base, column, row)), &look});
+            }
+        }
+    }
+    for (Index part = drawing_.firstChild(index); part != drawing::kNone && spend(1);
+         part = drawing_.next(part)) {
+        const Record& record = drawing_.at(part);
+        if (record.erased || record.kind() != Kind::attrib) continue;
+        const Look own = looks_.of(record, &look);
+        if (!own.hidden()) text(record, own, place);
+    }
+}
+
+// Dimensions carry their picture as a block in the coordinates of their own space.
+void Painter::blockOfName(std::string_view name, const Look& look, const Place& place)
+{
+    const Index inner = drawing_.findRecord(drawing::TableId::blockRecord, name);
+    if (inner != drawing::kNone) block(inner, {place.map, &look});
+}
+
+void Painter::overlay(const std::vector<OverlaySegment>& segments)
+{
+    Place place;
+    if (view_ != nullptr) place.map = view_->map;
+    static const std::vector<double> kDashed{6.0, -4.0}; // pixels
+    static const Layer kNoLayer{};
+    for (const OverlaySegment& segment : segments) {
+        if (!spend(1)) return;
+        Look look;
+        look.layer = &kNoLayer;
+        look.colour = numberedColour(segment.colour, looks_.background());
+        if (segment.dashed) look.dashes = &kDashed;
+        path_.clear();
+        path_.moveTo(flat(place.map({segment.from[0], segment.from[1], segment.from[2]})));
+        path_.lineTo(flat(place.map({segment.to[0], segment.to[1], segment.to[2]})));
+        stroke(path_, look, 1.0);
+    }
+}
+
+Affine Painter::planeOf(const Transform& map, drawing::Point normal, double elevation)
+{
+    const Transform plane = map.after(drawing::entityToWorld(normal));
+    return {flat(plane.x), flat(plane.y), flat(plane({0.0, 0.0, elevation}))};
+}
+
+double Painter::scaleOf(const Transform& map)
+{
+    return std::sqrt(std::abs(cross(flat(map.x), flat(map.y))));
+}
+
+double Painter::penWidth(const Look& look) const
+{
+    if (view_ == nullptr) return 0.0;
+    return std::max(look.weight / 100.0 * view_->pixelsPerMillimetre, kThinnest);
+}
+
+void Painter::stroke(const Path& path, const Look& look, double scale)
+{
+    strokeWith(path, look, scale, {penWidth(look), Ends::round, nullptr});
+}
+
+void Painter::strokeWide(const Path& path, const Look& look, double scale, double width)
+{
+    strokeWith(path, look, scale, {std::max(width, penWidth(look)), Ends::sharp, nullptr});
+}
+
+void Painter::strokeWith(const Path& path, const Look& look, double scale, Pen pen)
+{
+    if (path.empty() || !path.isDrawable()) return;
+    if (view_ != nullptr && look.dashes != nullptr) {
+        double size = 0.0;
+        const std::size_t count = flatten(path, kLengthTolerance, runs_);
+        for (std::size_t r = 0; r < count; ++r) {
+            const std::vector<Vec>& points = runs_[r].points;
+            for (std::size_t i = 0; i + (runs_[r].closed ? 0 : 1) < points.size(); ++i)
+                size += length(points[(i + 1) % points.size()] - points[i]);
+        }
+        if (fitDashes(*look.dashes, scale * look.dashScale, size, pen.width, dashes_))
+            pen.dashes = &dashes_;
+    }
+    canvas_.stroke(path, {look.colour, look.layer->name}, pen);
+}
+
+void Painter::fill(const Path& path, const Look& look, FillRule rule)
+{
+    if (path.empty() || !path.isDrawable()) return;
+    canvas_.fill(path, {look.colour, look.layer->name}, rule);
+}
+
+} // namespace orvald::picture

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The walk over a drawing that makes every picture: each entity becomes strokes and fills on a
+// canvas. It runs twice, first in world coordinates to find out how large the drawing is, then in
+// pixels. Nothing is kept between entities, so memory does not grow with the drawing.
+#pragma once
+
+#include "canvas.h"
+#include "drawing/views.h"
+#include "lettering.h"
+#include "looks.h"
+#include "picture/picture.h"
+#include "view.h"
+
+#include <vector>
+
+namespace orvald::picture {
+
+class Painter
+{
+public:
+    /// Without a view the walk measures: coordinates are the world's, lines have no width, and what
+    /// only a view can size (points, endless lines) counts with its position alone.
+    Painter(const drawing::Drawing& drawing, const Options& options, const View* view,
+            Canvas& canvas, Summary& summary);
+
+    /// All entities of a block record.
+    void space(drawing::Index blockRecord);
+    void overlay(const std::vector<OverlaySegment>& segments);
+
+private:
+    /// Where the entities of a block stand and who shows them.
+    struct Place
+    {
+        drawing::Transform map;      // to the coordinates of the canvas
+        const Look* block = nullptr; // look of the insert; null in a space
+    };
+    /// From the entity coordinates of a plane entity to those of the canvas.
+    static Affine planeOf(const drawing::Transform& map, drawing::Point normal, double elevation);
+    static double scaleOf(const drawing::Transform& map);
+
+    // painter.cpp: the walk
+    void block(drawing::Index blockRecord, const Place& place);
+    void entity(drawing::Index index, const Place& place);
+    void insert(drawing::Index index, const Look& look, const Place& place);
+    void blockOfName(std::string_view name, const Look& look, const Place& place);
+    bool spend(std::size_t steps);
+
+    // painter.cpp: shapes on the canvas
+    double penWidth(const Look& look) const;
+    /// The path as a line of the look; `scale` is that of its place, for line types. Sharp ends and
+    /// a width of its own: a wide polyline.
+    void stroke(const Path& path, const Look& look, double scale);
+    void strokeWide(const Path& path, const Look& look, double scale, double width);
+    void strokeWith(const Path& path, const Look& look, double scale, Pen pen);
+    void fill(const Path& path, const Look& look, FillRule rule);
+
+    // painter_curves.cpp
+    void line(const drawing::Record& record, const Look& look, const Place& place);
+    void endless(const drawing::Record& record, const Look& look, const Place& place);
+    void point(const drawing::Record& record, const Look& look, const Place& place);
+    void circle(const drawing::Record& record, const Look& look, const Place& place);
+    void ellipse(const drawing::Record& record, const Look& look, const Place& place);
+    void spline(const drawing::Record& record, const Look& look, const Place& place);
+    void leader(const drawing::Record& record, const Look& look, const Place& place);
+    void points(const std::vector<drawing::Point>& points, bool closed, const Look& look,
+                const Place& place);
+
+    // painter_polylines.cpp
+    void polyline(drawing::Index index, const Look& look, const Place& place);
+    void mesh(drawing::Index index, const Look& look, const Place& place);
+    void wideSegment(const Affine& plane, const drawing::PolylineVertex& from, Vec to,
+                     const Look& look);
+
+    // painter_areas.cpp
+    void solid(const drawing::Record& record, const Look& look, const Place& place);
+    void face(const drawing::Record& record, const Look& look, const Place& place);
+    void hatch(const drawing::Record& record, const Look& look, const Place& place);
+
+    // painter_text.cpp
+    void text(const drawing::Record& record, const Look& look, const Place& place);
+    void mtext(const drawing::Record& record, const Look& look, const Place& place);
+    void letters(const std::vector<Lettering>& pieces, const Affine& toCanvas, const Look& look,
+                 const Look* block);
+
+    const drawing::Drawing& drawing_;
+    const View* view_; // null: measuring
+    Canvas& canvas_;
+    Summary& summary_;
+    Looks looks_;
+    std::vector<drawing::Index> open_; // block records being drawn, outermost first
+    std::size_t steps_ = 0;
+    Path path_;             // reused: what goes to the canvas
+    Path local_;            // reused: the same in the coordinates of the entity
+    std::vector<Run> runs_; // reused
+    Dashes dashes_;         // reused
+};
+
+} // namespace orvald::picture
