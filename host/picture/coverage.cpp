@@ -14,10 +14,9 @@ Coverage::Coverage(int width, int height)
       stride_(width + 1),
       words_((width + 64) / 64),
       areas_(std::size_t(stride_) * std::size_t(height)),
-      marks_(std::size_t(words_) * std::size_t(height)),
-      firstRow_(height),
-      lastRow_(-1)
+      marks_(std::size_t(words_) * std::size_t(height))
 {
+    nothingTouched();
 }
 
 void Coverage::edge(Vec from, Vec to)
@@ -58,6 +57,10 @@ void Coverage::clippedEdge(Vec from, Vec to)
     const int last = std::clamp(static_cast<int>(std::ceil(to.y)) - 1, first, height_ - 1);
     firstRow_ = std::min(firstRow_, first);
     lastRow_ = std::max(lastRow_, last);
+    const double left = std::min(from.x, to.x), right = std::max(from.x, to.x);
+    firstWord_ = std::min(firstWord_, std::min(static_cast<int>(left), width_ - 1) >> 6);
+    // A pixel hands what is left of its row to the next one.
+    lastWord_ = std::max(lastWord_, std::min(static_cast<int>(right) + 1, width_) >> 6);
     double y = from.y, x = from.x;
     for (int row = first; row <= last; ++row) {
         const double nextY = row == last ? to.y : double(row + 1);

@@ -37,6 +37,12 @@ private:
         marks_[std::size_t(y) * std::size_t(words_) + std::size_t(x >> 6)] |= std::uint64_t{1}
                                                                               << (x & 63);
     }
+    void nothingTouched()
+    {
+        firstRow_ = height_;
+        firstWord_ = words_;
+        lastRow_ = lastWord_ = -1;
+    }
     static double covered(FillRule rule, double winding);
 
     int width_, height_;
@@ -44,7 +50,8 @@ private:
     int words_;
     std::vector<double> areas_;
     std::vector<std::uint64_t> marks_; // bit x of a row: its area was touched
-    int firstRow_, lastRow_;           // rows touched, first > last: none
+    // Rows and words of marks that were touched; first > last: none.
+    int firstRow_ = 0, lastRow_ = 0, firstWord_ = 0, lastWord_ = 0;
 };
 
 inline double Coverage::covered(FillRule rule, double winding)
@@ -64,7 +71,7 @@ void Coverage::sweep(FillRule rule, Span&& span)
         int first = 0;
         double* areas = &areas_[std::size_t(y) * std::size_t(stride_)];
         std::uint64_t* marks = &marks_[std::size_t(y) * std::size_t(words_)];
-        for (int word = 0; word < words_; ++word) {
+        for (int word = firstWord_; word <= lastWord_; ++word) {
             for (std::uint64_t bits = marks[word]; bits != 0; bits &= bits - 1) {
                 const int x = word * 64 + std::countr_zero(bits);
                 const double cover = covered(rule, winding);
@@ -76,8 +83,7 @@ void Coverage::sweep(FillRule rule, Span&& span)
             marks[word] = 0;
         }
     }
-    firstRow_ = height_;
-    lastRow_ = -1;
+    nothingTouched();
 }
 
 } // namespace orvald::picture

@@ -80,7 +80,9 @@ bool hatchLines(std::span<const Run> boundary, const drawing::HatchLine& family,
                 last = 1.0;
             }
             if (last - first > double(mostCrossings - crossings.size())) return false;
-            for (double line = first; line < last; line += 1.0) {
+            // Counted from 0: numbers of lines far away need not change when 1 is added.
+            for (double n = 0.0; n < last - first; n += 1.0) {
+                const double line = first + n;
                 const double share = (line * distance - a.y) / (b.y - a.y);
                 crossings.push_back({line, a.x + share * (b.x - a.x)});
             }

@@ -62,7 +62,7 @@ std::vector<Lettering> singleLine(std::string_view text, const LetterLook& look)
     for (std::size_t at = 0; at < characters.size();) {
         char32_t c = 0;
         at = takeCharacter(characters, at, current, c);
-        if (c == 0) continue;
+        if (c < U' ') continue; // a switch, or a character without a form
         if (line.empty() || !(line.back().look == current)) line.push_back({{}, current, x, 0.0});
         line.back().text += c;
         x += advanceOf(glyphOf(c)) * current.unit();

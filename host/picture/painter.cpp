@@ -29,18 +29,19 @@ Painter::Painter(const drawing::Drawing& drawing, const Options& options, const 
       view_(view),
       canvas_(canvas),
       summary_(summary),
-      looks_(drawing, options.background)
+      looks_(drawing, options.background),
+      stepsLeft_(options.mostSteps)
 {
 }
 
 bool Painter::spend(std::size_t steps)
 {
-    if (steps > kMostSteps - steps_) {
-        steps_ = kMostSteps;
+    if (steps > stepsLeft_) {
+        stepsLeft_ = 0;
         summary_.complete = false;
         return false;
     }
-    steps_ += steps;
+    stepsLeft_ -= steps;
     return true;
 }
 

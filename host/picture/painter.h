@@ -43,6 +43,7 @@ private:
     void entity(drawing::Index index, const Place& place);
     void insert(drawing::Index index, const Look& look, const Place& place);
     void blockOfName(std::string_view name, const Look& look, const Place& place);
+    /// False, from then on, when the picture has got too many parts.
     bool spend(std::size_t steps);
 
     // painter.cpp: shapes on the canvas
@@ -68,8 +69,9 @@ private:
     // painter_polylines.cpp
     void polyline(drawing::Index index, const Look& look, const Place& place);
     void mesh(drawing::Index index, const Look& look, const Place& place);
-    void wideSegment(const Affine& plane, const drawing::PolylineVertex& from, Vec to,
-                     const Look& look);
+    /// Adds the area of a segment whose width goes evenly from its start to its end, its left edge
+    /// first.
+    void addWideSegment(const Affine& plane, const drawing::PolylineVertex& from, Vec to);
 
     // painter_areas.cpp
     void solid(const drawing::Record& record, const Look& look, const Place& place);
@@ -88,7 +90,7 @@ private:
     Summary& summary_;
     Looks looks_;
     std::vector<drawing::Index> open_; // block records being drawn, outermost first
-    std::size_t steps_ = 0;
+    std::size_t stepsLeft_;
     Path path_;             // reused: what goes to the canvas
     Path local_;            // reused: the same in the coordinates of the entity
     std::vector<Run> runs_; // reused

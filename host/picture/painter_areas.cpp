@@ -19,7 +19,8 @@ namespace {
 constexpr double kTolerance = 0.1; // pixels, of flattened boundaries
 // Pixels: lines that are closer than this give an even tone.
 constexpr double kToneDistance = 1.0;
-constexpr double kFinestDashes = 0.7; // pixels
+constexpr double kFinestDashes = 0.7;              // pixels
+constexpr std::size_t kMostHatchLines = 1'000'000; // of one hatch
 
 enum PathFlags
 {
@@ -149,7 +150,7 @@ void Painter::hatch(const Record& record, const Look& look, const Place& place)
     std::vector<HatchSegment> segments;
     for (const drawing::HatchLine& family : view.lines) {
         if (!hatchLines({runs_.data(), runs}, family, kFinestDashes / scale, window,
-                        kMostSteps - steps_, segments))
+                        std::min(stepsLeft_, kMostHatchLines), segments))
             summary_.complete = false;
     }
     if (!spend(segments.size())) return;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 
 namespace orvald::picture {
 
@@ -18,6 +19,26 @@ using drawing::Record;
 namespace {
 
 constexpr double kFullTurn = 2.0 * std::numbers::pi;
+
+// A value of a dimension style as the entity overrides it: pairs of group code and value in its
+// extended data.
+std::optional<double> overridden(const Record& record, int code)
+{
+    if (record.extras() == nullptr) return {};
+    bool inStyle = false, isValue = false, wanted = false;
+    for (const drawing::Tag tag : record.extras()->xdata) {
+        if (!inStyle) {
+            inStyle = tag.code() == 1000 && tag.text() == "DSTYLE";
+        } else if (tag.code() == 1002) {
+            if (tag.text() == "}") return {};
+        } else {
+            if (isValue && wanted) return tag.real();
+            wanted = !isValue && tag.integer() == code;
+            isValue = !isValue;
+        }
+    }
+    return {};
+}
 
 // An arc of a whole turn ends where it begins, whatever rounding says.
 void arcInto(Path& path, const Arc& arc)
@@ -72,6 +93,8 @@ void Painter::endless(const Record& record, const Look& look, const Place& place
 // around it. PDSIZE: drawing units, or percent of the page's height when it is not above 0.
 void Painter::point(const Record& record, const Look& look, const Place& place)
 {
+    // Dimensions mark what they measure by points on this layer, which is never plotted.
+    if (drawing::sameName(look.layer->name, "Defpoints")) return;
     const Vec centre = flat(place.map(record.tags.point(10)));
     const auto mode = drawing_.header.integer("$PDMODE");
     const double size = drawing_.header.real("$PDSIZE");
@@ -179,6 +202,8 @@ void Painter::leader(const Record& record, const Look& look, const Place& place)
         size = drawing_.at(style).tags.real(41, size);
         overall = drawing_.at(style).tags.real(40, overall);
     }
+    size = overridden(record, 41).value_or(size);
+    overall = overridden(record, 40).value_or(overall);
     size *= overall > 0.0 ? overall : 1.0; // 0: by the scale of a view port, which no page has
     const Point along = bends[1] - bends[0];
     const double first = length(along);

@@ -34,7 +34,10 @@ void Painter::polyline(Index index, const Look& look, const Place& place)
         even = even && vertices[i].startWidth == width && vertices[i].endWidth == width;
     }
     if (wide && !(even && plane.isSimilarity())) {
-        for (std::size_t i = 0; i < segments; ++i) wideSegment(plane, vertices[i], end(i), look);
+        // One area of them all, so that no seam shows between two segments.
+        path_.clear();
+        for (std::size_t i = 0; i < segments; ++i) addWideSegment(plane, vertices[i], end(i));
+        fill(path_, look, FillRule::nonZero);
         return;
     }
     const auto draw = [&] {
@@ -60,8 +63,7 @@ void Painter::polyline(Index index, const Look& look, const Place& place)
     draw();
 }
 
-// The area of one segment whose width goes evenly from its start to its end.
-void Painter::wideSegment(const Affine& plane, const PolylineVertex& from, Vec to, const Look& look)
+void Painter::addWideSegment(const Affine& plane, const PolylineVertex& from, Vec to)
 {
     const Vec start = flat(from.at);
     const double w0 = from.startWidth / 2.0, w1 = from.endWidth / 2.0;
@@ -86,19 +88,18 @@ void Painter::wideSegment(const Affine& plane, const PolylineVertex& from, Vec t
         constexpr double kTolerance = 0.1; // pixels
         const int chords = view_ == nullptr ? 16 : chordCount(plane.mapped(arc), kTolerance);
         if (!spend(2 * std::size_t(chords))) return;
+        const double left = from.bulge > 0.0 ? -1.0 : 1.0; // the centre is on the left
         const auto edge = [&](int i, double sign) {
             const double share = double(i) / chords;
             const Vec out = arc.at(arc.to * share) - arc.centre;
             return arc.centre + (1.0 + sign * (w0 + (w1 - w0) * share) / radius) * out;
         };
-        local_.moveTo(edge(0, 1.0));
-        for (int i = 1; i <= chords; ++i) local_.lineTo(edge(i, 1.0));
-        for (int i = chords; i >= 0; --i) local_.lineTo(edge(i, -1.0));
+        local_.moveTo(edge(0, left));
+        for (int i = 1; i <= chords; ++i) local_.lineTo(edge(i, left));
+        for (int i = chords; i >= 0; --i) local_.lineTo(edge(i, -left));
     }
     local_.close();
-    path_.clear();
     path_.addMapped(local_, plane);
-    fill(path_, look, FillRule::nonZero);
 }
 
 // Polygon meshes are rows and columns of vertices, polyface meshes vertices and then faces.

@@ -17,8 +17,9 @@ namespace {
 constexpr double kUnderline = -4.0, kOverline = kCapHeight + 4.0, kStrike = kCapHeight / 2.0;
 // Pixels: lower letters cannot be read, and their lines become a grey bar.
 constexpr double kLeastHeight = 1.5;
-// A line of letters is at most this part of their height wide, and at least that many pixels.
-constexpr double kBoldest = 0.14, kFinestPen = 0.75;
+// Letters are written with a pen of this part of their height, as stencils ask, or with that of
+// their line weight when it is wider; but no bolder than can be read. Pixels: the finest pen.
+constexpr double kPen = 0.08, kBoldest = 0.13, kFinestPen = 0.6;
 constexpr double kSteepest = 1.48; // radians of lean
 
 enum Horizontal
@@ -169,8 +170,8 @@ void Painter::letters(const std::vector<Lettering>& pieces, const Affine& toCanv
         Colour colour = look.colour;
         if (form.colour) colour = looks_.colour(*form.colour, look, block);
         if (form.trueColour) colour = trueColour(*form.trueColour);
-        double pen = penWidth(look);
-        if (view_ != nullptr) pen = std::min(pen, std::max(kBoldest * pixels, kFinestPen));
+        const double pen = std::min(std::max(penWidth(look), kPen * pixels),
+                                    std::max(kBoldest * pixels, kFinestPen));
         canvas_.stroke(path_, {colour, look.layer->name}, {pen, Ends::round, nullptr});
     }
 }

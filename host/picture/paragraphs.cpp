@@ -88,7 +88,7 @@ private:
         } else {
             char32_t letter = 0;
             at_ = takeCharacter(text_, at_, look_, letter);
-            if (letter != 0) add(letter);
+            if (letter >= U' ') add(letter);
         }
     }
 

@@ -13,8 +13,9 @@ namespace orvald::picture {
 namespace {
 
 constexpr double kTolerance = 0.1; // pixels between an arc and its chords
-// Pixels: a line that deviates less from level or upright over its whole length is meant so.
-constexpr double kLevel = 0.05;
+// Pixels: a line that deviates less from level or upright over its whole length is meant so. Chords
+// of free curves hardly ever are.
+constexpr double kLevel = 1e-3;
 
 } // namespace
 

@@ -48,6 +48,9 @@ struct Options
     std::string layout;           // UTF-8 name of a layout, in any case; "" the model
     std::optional<Window> window; // shown whole, in the middle; none: all that is drawn
     std::vector<OverlaySegment> overlay;
+    /// Parts (entities, letters, hatch lines, cells of arrays ...) after which drawing stops:
+    /// blocks in blocks can unfold without end.
+    std::size_t mostSteps = 20'000'000;
 };
 
 /// What became of a drawing's entities.
@@ -56,11 +59,8 @@ struct Summary
     std::size_t entities = 0; // in the space shown, those in blocks not counted
     /// Kinds that have no picture here ("3DSOLID") and how often they were met, blocks included.
     std::map<std::string, std::size_t> notDrawn;
-    /// False when the drawing unfolds (blocks in blocks, arrays) into more than kMostSteps parts:
-    /// the picture shows those that came first.
-    bool complete = true;
+    bool complete = true; // false: drawing stopped at Options::mostSteps
 };
-inline constexpr std::size_t kMostSteps = 20'000'000;
 
 /// The block record of the layout of that name, "" the model; kNone when there is none.
 drawing::Index spaceOf(const drawing::Drawing& drawing, std::string_view layout);
