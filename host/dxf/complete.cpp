@@ -209,8 +209,6 @@ private:
         for (const NamingVariable& naming : kNaming) {
             const std::string name(drawing_.header.text(naming.variable));
             if (name.empty() || drawing_.findRecord(naming.table, name) != kNone) continue;
-            warn(std::string(naming.variable) + " names " + quoted(name) +
-                 ", which does not exist");
             drawing_.header.setText(naming.variable, 2, naming.fallback);
         }
     }

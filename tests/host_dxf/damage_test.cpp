@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Damaged files: an error that names the place, or a drawing that is whole; never anything else.
+#include "dxf_support.h"
+
+#include "drawing/views.h"
+
+#include <chrono>
+#include <random>
+
+using namespace orvald;
+using namespace orvald::dxf;
+
+namespace {
+
+/// What was loaded must save, load again and be the same.
+void expectSound(const Loaded& loaded)
+{
+    if (loaded.drawing == nullptr) {
+        EXPECT_FALSE(loaded.error.reason.empty());
+        EXPECT_EQ(loaded.error.message().find('\n'), std::string::npos);
+        return;
+    }
+    const std::string once = saveText(*loaded.drawing);
+    const Loaded again = loadText(once);
+    ASSERT_NE(again.drawing, nullptr) << again.error.message();
+    ASSERT_EQ(saveText(*again.drawing), once);
+    for (const drawing::Index space : {loaded.drawing->modelSpace(), loaded.drawing->paperSpace()})
+        drawing::blockExtents(*loaded.drawing, space);
+}
+
+std::string entity(std::string_view text)
+{
+    return intoSection(newText(), "ENTITIES", groups(text));
+}
+std::string object(std::string_view text)
+{
+    return intoSection(newText(), "OBJECTS", groups(text));
+}
+constexpr std::string_view kLine =
+    "0 LINE|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|30 0.0|11 7.25|21 0.0|31 0.0";
+
+} // namespace
+
+TEST(Damage, AFileThatIsCutOffIsRefused)
+{
+    const std::string text = readFile(samplePath("R2013"));
+    for (std::size_t size = 0; size + 4 < text.size(); size += 997) {
+        const Loaded loaded = loadText(std::string_view(text).substr(0, size), "plan.dxf");
+        ASSERT_EQ(loaded.drawing, nullptr) << size;
+        if (size != 0) {
+            EXPECT_NE(loaded.error.line, 0u) << size;
+        }
+        EXPECT_TRUE(loaded.error.message().starts_with("plan.dxf: ")) << loaded.error.message();
+    }
+}
+
+TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
+{
+    struct Case
+    {
+        std::string text;
+        std::string_view reason;
+    };
+    const std::string good = newText();
+    const std::string line = entity(kLine);
+    const Case cases[] = {
+        {"", "the file is empty"},
+        {"hello\nworld\n", "is no group code"},
+        {"AutoCAD Binary DXF\r\n\x1A", "is no group code"},
+        {replaced(good, "  0\nEOF\n", ""), "the file ends too early"},
+        {replaced(good, "AC1027", "AC1009"), "is not read"},
+        {replaced(good, "$ACADVER", "$OTHER"), "without a header"},
+        {replaced(good, groups("0 ENDSEC|0 SECTION|2 CLASSES"), groups("0 SECTION|2 CLASSES")),
+         "HEADER has no ENDSEC"},
+        {replaced(good, groups("0 ENDSEC|0 SECTION|2 OBJECTS"), groups("0 SECTION|2 OBJECTS")),
+         "no ENDSEC"},
+        {replaced(good, groups("0 ENDTAB|0 TABLE|2 LAYER"), groups("0 TABLE|2 LAYER")),
+         "no ENDTAB"},
+        {replaced(line, groups("11 7.25"), groups("11 1,5")), "is no number"},
+        {replaced(line, groups("11 7.25"), groups("11")), "is no number"},
+        {replaced(line, groups("11 7.25"), groups("11 1e999")), "is not finite"},
+        {replaced(line, groups("11 7.25"), groups("11 nan")), "is not finite"},
+        {replaced(line, groups("11 7.25"), groups("62 99999")), "out of range"},
+        {replaced(line, groups("11 7.25"), groups("62 1.5")), "is no whole number"},
+        {replaced(line, groups("11 7.25"), groups("90 99999999999999999999")), "out of range"},
+        {replaced(line, groups("5 A1"), groups("5 XY")), "is no handle"},
+        {replaced(line, groups("5 A1"), groups("5 11111111111111111")), "is no handle"},
+        {replaced(line, groups("5 A1"), groups("5 FFFFFFFFFFFFFFFF")), "is no handle"},
+        {replaced(line, groups("5 A1"), groups("5 1F")), "in use already"},
+        {replaced(line, groups("8 0|100 AcDbLine"), groups("330|100 AcDbLine")), "is no handle"},
+        {replaced(line, groups("8 0|100 AcDbLine"), groups("-5 0|100 AcDbLine")), "below 0"},
+        {replaced(line, groups("8 0|100 AcDbLine"), groups("9999 0|100 AcDbLine")),
+         "is no group code"},
+        {entity("0 VERTEX|5 A1|330 1F|10 0.0"), "stands alone"},
+        {entity("0 SEQEND|5 A1|330 1F"), "stands alone"},
+        {entity("0 BLOCK|5 A1|2 X"), "does not belong"},
+        {intoSection(good, "BLOCKS", groups("0 LINE|5 A1")), "between the blocks"},
+        {intoSection(good, "BLOCKS", groups("0 ENDBLK|5 A1")), "no block is open"},
+        {intoSection(good, "BLOCKS", groups("0 BLOCK|5 A1|2 X|70 0")), "no ENDBLK"},
+        {intoSection(good, "BLOCKS", groups("0 BLOCK|5 A1|330 1F|2 *Model_Space|0 ENDBLK|5 A2")),
+         "second definition"},
+        {object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 one|3 two|350 A1"),
+         "names no object"},
+        {replaced(good, groups("0 TABLE|2 LAYER"), groups("0 TABLE|2 NOSUCH")), "is no table"}};
+    for (const Case& c : cases) {
+        const Loaded loaded = loadText(c.text);
+        EXPECT_EQ(loaded.drawing, nullptr) << c.reason;
+        EXPECT_NE(loaded.error.message().find(c.reason), std::string::npos)
+            << loaded.error.message() << " / " << c.reason;
+        EXPECT_TRUE(c.text.empty() || loaded.error.line != 0) << c.reason;
+    }
+    const Loaded loaded = loadText(replaced(line, groups("11 7.25"), groups("62 1.5")));
+    EXPECT_EQ(loaded.error.group, 62);
+    EXPECT_EQ(loaded.error.handle, 0xA1u);
+    EXPECT_TRUE(loaded.error.message().ends_with(")")) << loaded.error.message();
+}
+
+TEST(Damage, WhatCanBeMendedIsMendedAndTold)
+{
+    struct Case
+    {
+        std::string text;
+        std::string_view warning;
+    };
+    const std::string good = newText();
+    const Case cases[] = {
+        {entity("0 LINE|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|30 0.0"),
+         "without a handle"},
+        {entity("0 LINE|5 0|330 1F|100 AcDbEntity|8 0"), "without a handle"},
+        {entity("0 LINE|5 A1|330 DEAD|100 AcDbEntity|8 0"), "owned by nothing"},
+        {entity("0 LINE|5 A1|330 C|100 AcDbEntity|8 0"), "owned by nothing"},
+        {entity(
+             "0 POLYLINE|5 A1|330 1F|66 1|0 VERTEX|5 A2|10 1.0|20 2.0|30 0.0|0 LINE|5 A3|330 1F"),
+         "no SEQEND"},
+        {entity("0 INSERT|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|2 X|10 0.0|20 "
+                "0.0|30 0.0|0 ATTRIB|5 A2|330 A1|0 SEQEND|5 A3"),
+         "did not announce"},
+        {intoSection(good, "BLOCKS",
+                     groups("0 BLOCK|5 A1|2 X|70 0|0 LINE|5 A2|330 1F|0 ENDBLK|5 A3")),
+         "no BLOCK_RECORD"},
+        {object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 one|350 DEAD"), "names no object"},
+        {object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 self|350 A1"), "names no object"},
+        {object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 k|350 D|3 K|350 D"), "second entry"},
+        {object("0 XRECORD|5 A1|330 DEAD|100 AcDbXrecord|280 1"), "had no owner"},
+        {object("0 XRECORD|5 A1|100 AcDbXrecord|280 1"), "had no owner"},
+        {object("0 XRECORD|5 A1|102 {ACAD_XDICTIONARY|360 DEAD|102 }|330 C|100 AcDbXrecord"),
+         "is missing"},
+        {object("0 XRECORD|5 A1|102 {ACAD_XDICTIONARY|360 F|102 }|330 C|100 AcDbXrecord"),
+         "is none"},
+        {object("0 XRECORD|5 A1|102 {ACAD_XDICTIONARY|360 D|102 }|330 C|100 AcDbXrecord"),
+         "did not name its owner"},
+        {replaced(
+             good, groups("0 ENDTAB|0 TABLE|2 STYLE"),
+             groups(
+                 "0 LAYER|5 A1|330 2|2 Zwei|0 LAYER|5 A2|330 2|2 ZWEI|0 ENDTAB|0 TABLE|2 STYLE")),
+         "is renamed"},
+        {good + "more\n", "after the end"},
+        {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|150 what"), "do not exist"},
+        {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|310 no hex"), "not hexadecimal"}};
+    for (const Case& c : cases) {
+        const Loaded loaded = loadText(c.text);
+        ASSERT_NE(loaded.drawing, nullptr) << loaded.error.message() << " / " << c.warning;
+        bool told = false;
+        for (const Warning& warning : loaded.warnings)
+            told = told || warning.text.find(c.warning) != std::string::npos;
+        EXPECT_TRUE(told) << c.warning;
+        expectSound(loaded);
+        EXPECT_TRUE(loadText(saveText(*loaded.drawing)).warnings.empty() ||
+                    c.warning == "do not exist" || c.warning == "not hexadecimal")
+            << c.warning;
+    }
+}
+
+TEST(Damage, CountsThatLieAndGroupsOutOfPlaceDoNoHarm)
+{
+    for (const std::string_view count : {"-1", "2147483647", "1000000", "0"}) {
+        const std::string n(count);
+        for (const std::string& text :
+             {entity("0 LWPOLYLINE|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbPolyline|90 " + n +
+                     "|42 1.0|70 1|10 1.0|20 2.0"),
+              entity(
+                  "0 HATCH|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbHatch|10 0.0|20 0.0|30 0.0|93 " +
+                  n + "|72 1|10 1.0|20 1.0|91 " + n + "|92 2|93 " + n +
+                  "|42 1.0|10 1.0|20 1.0|92 1|93 " + n + "|50 1.0|72 4|94 " + n + "|95 " + n +
+                  "|40 1.0|72 9|10 1.0|75 0|49 1.0|98 " + n),
+              entity("0 INSERT|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbBlockReference|2 "
+                     "*Model_Space|10 1.0|20 0.0|30 0.0|70 " +
+                     std::string(n.size() > 5 ? "32767" : n) + "|71 32767|44 1.0|45 1.0")}) {
+            const Loaded loaded = loadText(text);
+            ASSERT_NE(loaded.drawing, nullptr) << loaded.error.message();
+            expectSound(loaded);
+        }
+    }
+}
+
+TEST(Damage, RubbishInTextBecomesTextThatFilesCanHold)
+{
+    const std::string text =
+        replaced(entity("0 TEXT|5 A1|330 1F|100 AcDbEntity|8 0|1 @@"), "@@",
+                 std::string("a\0b\rc\x01 \xED\xA0\x80 \xFF \xF0\x9F\x98\x80", 17));
+    const Loaded loaded = loadText(text);
+    ASSERT_NE(loaded.drawing, nullptr);
+    EXPECT_EQ(loaded.drawing->at(loaded.drawing->byHandle(0xA1)).tags.text(1),
+              "a^@b^Mc^A \\U+D800 ÿ \U0001F600");
+    expectSound(loaded);
+}
+
+TEST(Damage, LongLinesManyTagsAndDeepNestsTakeLinearTime)
+{
+    const auto start = std::chrono::steady_clock::now();
+    expectSound(
+        loadText(entity("0 TEXT|5 A1|330 1F|100 AcDbEntity|8 0|1 " + std::string(3000000, 'x'))));
+    std::string nest = "0 POINT|5 A1|330 1F|100 AcDbEntity|8 0|1001 ACAD";
+    for (int i = 0; i < 10000; ++i) nest += "|1002 {";
+    expectSound(loadText(entity(nest)));
+    std::string dictionaries;
+    for (int i = 0; i < 3000; ++i) {
+        char text[160];
+        std::snprintf(text, sizeof text,
+                      "0 DICTIONARY|5 %X|330 %X|100 AcDbDictionary|281 1|3 in|350 %X|", 0x1000 + i,
+                      i == 0 ? 0xC : 0xFFF + i,
+                      i == 2999 ? 0x1000 : 0x1001 + i); // the last one closes a circle
+        dictionaries += text;
+    }
+    dictionaries.pop_back();
+    expectSound(loadText(object(dictionaries)));
+    std::string markers = "0 NEW|5 A1|330 1F";
+    for (int i = 0; i < 20000; ++i) markers += "|100 M";
+    expectSound(loadText(entity(markers)));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST(Damage, RandomChangesNeverBreakTheReader)
+{
+    std::mt19937 random(20260101);
+    for (const char* version : {"R2000", "R2018"}) {
+        const std::string text = readFile(samplePath(version));
+        std::vector<std::string> lines;
+        std::istringstream in(text);
+        for (std::string line; std::getline(in, line);) lines.push_back(line);
+        for (int round = 0; round < 400; ++round) {
+            std::vector<std::string> changed = lines;
+            for (int changes = 1 + static_cast<int>(random() % 3); changes != 0; --changes) {
+                const std::size_t at = random() % changed.size(), other = random() % changed.size();
+                switch (random() % 6) {
+                case 0: changed[at] = changed[other]; break;
+                case 1: changed.erase(changed.begin() + static_cast<std::ptrdiff_t>(at)); break;
+                case 2:
+                    changed.insert(changed.begin() + static_cast<std::ptrdiff_t>(at),
+                                   changed[other]);
+                    break;
+                case 3: // a whole group goes
+                    if (at + 1 < changed.size())
+                        changed.erase(changed.begin() +
+                                          static_cast<std::ptrdiff_t>(at & ~std::size_t{1}),
+                                      changed.begin() +
+                                          static_cast<std::ptrdiff_t>((at & ~std::size_t{1}) + 2));
+                    break;
+                case 4: changed[at | 1] = changed[other | 1]; break; // another value
+                default:
+                    if (!changed[at].empty())
+                        changed[at][random() % changed[at].size()] = static_cast<char>(random());
+                    break;
+                }
+            }
+            std::string damaged;
+            for (const std::string& line : changed) damaged += line + "\n";
+            expectSound(loadText(damaged));
+            if (testing::Test::HasFailure()) {
+                writeFile("/tmp/orvald_damaged.dxf", damaged);
+                return;
+            }
+        }
+    }
+}
