@@ -128,23 +128,6 @@ constexpr RunNode kBuiltins[] = {runBuiltin<0>, runBuiltin<1>, runBuiltin<2>, ru
 
 } // namespace
 
-// Puts what the code of a function takes on the heap's account, however compiling ends.
-class Compiler::Charge
-{
-public:
-    explicit Charge(Compiler& compiler)
-        : compiler_(compiler), before_(compiler.owner_.arena.bytes())
-    {
-    }
-    ~Charge() { compiler_.evaluator_.heap.charge(compiler_.owner_.arena.bytes() - before_); }
-    Charge(const Charge&) = delete;
-    Charge& operator=(const Charge&) = delete;
-
-private:
-    Compiler& compiler_;
-    std::size_t before_;
-};
-
 int Compiler::lengthOf(Value list)
 {
     int length = 0;
@@ -189,17 +172,42 @@ Lambda* Compiler::nestedLambda(Symbol* name, Value parameters, Value body)
     return lambda;
 }
 
+void Compiler::chargeCode()
+{
+    const std::size_t bytes = owner_.arena.bytes();
+    if (bytes == owner_.chargedBytes) return;
+    evaluator_.heap.charge(bytes - owner_.chargedBytes);
+    owner_.chargedBytes = bytes;
+    evaluator_.heap.requireRoom(0);
+}
+
+template <class Make>
+void Compiler::setBody(Make&& make)
+{
+    try {
+        owner_.body = make();
+        chargeCode();
+    } catch (...) {
+        owner_.body = &owner_.compileFirst;
+        owner_.arena = NodeArena();
+        owner_.constants.clear();
+        evaluator_.heap.release(owner_.chargedBytes);
+        owner_.chargedBytes = 0;
+        throw;
+    }
+}
+
 void Compiler::compileBody()
 {
-    const Charge charge(*this);
-    const Node* body = compileSequence(owner_.bodyForms);
-    owner_.body = body == nullptr ? constant(Value::nil()) : body;
+    setBody([this] {
+        const Node* body = compileSequence(owner_.bodyForms);
+        return body == nullptr ? constant(Value::nil()) : body;
+    });
 }
 
 void Compiler::compileGeneralCall(Cons* form)
 {
-    const Charge charge(*this);
-    owner_.body = compileCall(form);
+    setBody([&] { return compileCall(form); });
 }
 
 // -- atoms and sequences
@@ -261,11 +269,25 @@ const Node* Compiler::compileSequence(Value forms)
     return node;
 }
 
+const Node* Compiler::compileChildren(RunNode run, Cons* form)
+{
+    const int count = lengthOf(form->cdr);
+    auto* node =
+        make<SequenceNode>(run, form, static_cast<std::size_t>(count) * sizeof(const Node*));
+    node->count = count;
+    const Node** child = children(node);
+    for (Value rest = form->cdr; rest.isCons(); rest = rest.asCons()->cdr) {
+        *child++ = compile(rest.asCons()->car);
+    }
+    return node;
+}
+
 // -- forms
 
 const Node* Compiler::compileForm(Cons* form)
 {
     if (stackAddress() < evaluator_.stackLimit) evaluator_.raiseOverflow();
+    chargeCode();
     if (++depth_ % kNodesPerCheck == 0) {
         auto* check = make<FormNode>(runStackCheck, form, sizeof(const Node*));
         *children(check) = compileForm(form);

@@ -29,6 +29,8 @@ public:
     const Node* compile(Value form);
     /// The forms of a list in order; their last value is the result. Null for an empty list.
     const Node* compileSequence(Value forms);
+    /// A SequenceNode of all the form's arguments.
+    const Node* compileChildren(RunNode run, Cons* form);
     /// A function written inside this one, kept alive by it; null as for makeLambda.
     Lambda* nestedLambda(Symbol* name, Value parameters, Value body);
     const Node* constant(Value value);
@@ -55,7 +57,12 @@ public:
     static int lengthOf(Value list);
 
 private:
-    class Charge;
+    // Takes what `make` compiles as the owner's code; after an error nothing of it is left.
+    template <class Make>
+    void setBody(Make&& make);
+    // Puts what the code takes on the heap's account: a list that contains itself many times over
+    // is small as data and without measure as code.
+    void chargeCode();
     const Node* compileForm(Cons* form);
     const Node* compileCall(Cons* form);
     const Node* compileComputedCall(Cons* form, int count);

@@ -122,7 +122,7 @@ void Evaluator::safePointReached()
     countdown = stress_ ? 0 : kPollInterval;
     if (stress_ || heap.wantsCollection()) {
         collect();
-        if (heap.overLimit()) raise(u"insufficient memory");
+        if (heap.overLimit(symbols.bytes())) raise(u"insufficient memory");
     }
     if (host.takeInterrupt()) raise(u"Function cancelled", LispError::Sort::cancelled);
 }
@@ -146,7 +146,7 @@ void Evaluator::markRoots()
     for (const Frame* frame = frames_.get(); frame != frameTop; ++frame) {
         heap.markObject(frame->variables->owner);
     }
-    for (const Root* root = roots; root != nullptr; root = root->previous_) heap.mark(root->value);
+    for (const Root* root = roots; root != nullptr; root = root->outer_) heap.mark(root->value);
     for (const auto& [name, value] : blackboard) heap.mark(value);
     heap.mark(lastResult);
 

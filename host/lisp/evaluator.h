@@ -15,6 +15,7 @@
 #include "core.h"
 #include "heap.h"
 #include "lambda.h"
+#include "printer.h"
 #include "reader.h"
 #include "stack_guard.h"
 #include "symbol_table.h"
@@ -130,6 +131,8 @@ public:
     Value guarded(Body&& body, OnError&& onError);
 
     // -- text and files
+    /// As a program prints it; raises when the text outgrows the memory.
+    std::u16string printed(Value value, Quoting quoting);
     Value readFirst(std::u16string_view text);
     /// Reads and evaluates form by form; errors of the reader name file and line.
     Value evalAll(std::u16string_view text, const std::string& file);
@@ -174,6 +177,7 @@ private:
     Lambda* thunkOf(CellTable<Lambda*>& table, Cons* form, bool general);
     [[noreturn]] void raiseRead(const ReadFault& fault, std::u16string_view text,
                                 const std::string& file);
+    static std::u16string messageOf(const std::exception& fault);
     Outcome afterError(LispError error, Frame* frame, Value* stack);
     void addCallPlaces(LispError& error, const Frame* from);
     CallPlace placeOf(const Cons* form);
@@ -237,10 +241,8 @@ Value Evaluator::guarded(Body&& body, OnError&& onError)
     } catch (LispError& error) {
         if (exitsWithValue_) throw;
         message = std::move(error.message);
-    } catch (const HeapExhausted&) {
-        message = u"insufficient memory";
-    } catch (const std::bad_alloc&) {
-        message = u"insufficient memory";
+    } catch (const std::exception& fault) {
+        message = messageOf(fault);
     }
     unwindTo(frame, stack);
     currentCall = call;
@@ -260,10 +262,8 @@ Outcome Evaluator::atTop(Body&& body)
         outcome.value = body();
     } catch (LispError& error) {
         outcome = afterError(std::move(error), frame, stack);
-    } catch (const HeapExhausted&) {
-        outcome = afterError({u"insufficient memory", LispError::Sort::error, {}}, frame, stack);
-    } catch (const std::bad_alloc&) {
-        outcome = afterError({u"insufficient memory", LispError::Sort::error, {}}, frame, stack);
+    } catch (const std::exception& fault) {
+        outcome = afterError({messageOf(fault), LispError::Sort::error, {}}, frame, stack);
     }
     currentCall = call;
     lastResult = outcome.value;

@@ -3,8 +3,6 @@
 // evaluating whole texts, whose faults carry file and line.
 #include "evaluator.h"
 
-#include "printer.h"
-
 #include <algorithm>
 
 namespace orvald::lisp {
@@ -61,6 +59,16 @@ void Evaluator::unwindTo(Frame* frame, Value* stack)
     sp = stack;
 }
 
+std::u16string Evaluator::messageOf(const std::exception& fault)
+{
+    try {
+        if (dynamic_cast<const std::bad_alloc*>(&fault) != nullptr) return u"insufficient memory";
+        return toUtf16(fault.what());
+    } catch (const std::bad_alloc&) {
+        return u"memory"; // short enough to need none
+    }
+}
+
 Outcome Evaluator::afterError(LispError error, Frame* frame, Value* stack)
 {
     Outcome outcome;
@@ -94,10 +102,8 @@ Outcome Evaluator::afterError(LispError error, Frame* frame, Value* stack)
             }
             spLimit -= kErrorReserve;
         }
-    } catch (const HeapExhausted&) {
-        spLimit = stack_.get() + kCheckedValues;
-    } catch (const std::bad_alloc&) {
-        spLimit = stack_.get() + kCheckedValues;
+    } catch (const std::exception&) {
+        spLimit = stack_.get() + kCheckedValues; // the first error is what is reported
     }
     unwindTo(frame, stack);
     outcome.error = std::move(error);
@@ -186,6 +192,13 @@ void Evaluator::raiseRead(const ReadFault& fault, std::u16string_view text, cons
         error.calls.push_back(std::move(place));
     }
     throw error;
+}
+
+std::u16string Evaluator::printed(Value value, Quoting quoting)
+{
+    std::u16string text = printedText(value, quoting, kLongestPrinted);
+    if (text.size() > kLongestPrinted) throw HeapExhausted();
+    return text;
 }
 
 Value Evaluator::readFirst(std::u16string_view text)

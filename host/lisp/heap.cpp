@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <new>
 
 namespace orvald::lisp {
@@ -146,12 +145,27 @@ void Heap::adopt(Object* object, std::size_t size)
     charge(size);
 }
 
+void* Heap::takeString(std::size_t size)
+{
+    return size <= SmallPool::kLargest ? smallStrings_.take(size) : ::operator new(size);
+}
+
+void Heap::giveString(String* string, std::size_t size)
+{
+    string->~String();
+    if (size <= SmallPool::kLargest) {
+        smallStrings_.give(string, size);
+    } else {
+        ::operator delete(string);
+    }
+}
+
 String* Heap::newString(std::size_t length, char16_t*& units)
 {
     if (length > kLongestString) throw HeapExhausted{};
     const std::size_t size = sizeof(String) + length * sizeof(char16_t);
     if (size > kBlockBytes) requireRoom(size);
-    auto* string = new (::operator new(size)) String();
+    auto* string = new (takeString(size)) String();
     units = reinterpret_cast<char16_t*>(string + 1);
     string->length = static_cast<std::uint32_t>(length);
     string->units = units;
@@ -163,13 +177,13 @@ Value Heap::makeString(std::u16string_view text)
 {
     char16_t* units = nullptr;
     String* string = newString(text.size(), units);
-    if (!text.empty()) std::memcpy(units, text.data(), text.size() * sizeof(char16_t));
+    std::copy(text.begin(), text.end(), units);
     return Value::object(string);
 }
 
 String* Heap::newSharedString(TextBuffer* buffer, std::size_t length)
 {
-    auto* string = new (::operator new(sizeof(String))) String();
+    auto* string = new (takeString(sizeof(String))) String();
     string->length = static_cast<std::uint32_t>(length);
     string->units = buffer->units();
     string->buffer = buffer;
@@ -178,22 +192,28 @@ String* Heap::newSharedString(TextBuffer* buffer, std::size_t length)
     return string;
 }
 
-Value Heap::concatenate(const String& first, std::u16string_view second)
+Value Heap::concatenate(const Value* strings, int count)
 {
-    const std::size_t length = first.length + second.size();
+    const auto& first = *static_cast<const String*>(strings[0].asObject());
+    std::size_t length = 0;
+    for (int i = 0; i < count; ++i) length += stringOf(strings[i]).size();
+    const auto appendRest = [&](char16_t* to) {
+        for (int i = 1; i < count; ++i) {
+            const std::u16string_view part = stringOf(strings[i]);
+            to = std::copy(part.begin(), part.end(), to);
+        }
+    };
     TextBuffer* buffer = first.buffer;
     if (buffer != nullptr && buffer->used == first.length && length <= buffer->capacity) {
-        std::memcpy(buffer->units() + first.length, second.data(),
-                    second.size() * sizeof(char16_t));
         String* string = newSharedString(buffer, length);
+        appendRest(buffer->units() + first.length);
         buffer->used = static_cast<std::uint32_t>(length);
         return Value::object(string);
     }
-    if (length < kLeastBuffered || first.length < second.size()) {
+    if (length < kLeastBuffered || first.length < length - first.length) {
         char16_t* units = nullptr;
         String* string = newString(length, units);
-        std::memcpy(units, first.units, first.length * sizeof(char16_t));
-        std::memcpy(units + first.length, second.data(), second.size() * sizeof(char16_t));
+        appendRest(std::copy(first.units, first.units + first.length, units));
         return Value::object(string);
     }
     if (length > kLongestString) throw HeapExhausted{};
@@ -203,8 +223,7 @@ Value Heap::concatenate(const String& first, std::u16string_view second)
     buffer = new (::operator new(size)) TextBuffer();
     buffer->capacity = static_cast<std::uint32_t>(capacity);
     buffer->used = static_cast<std::uint32_t>(length);
-    std::memcpy(buffer->units(), first.units, first.length * sizeof(char16_t));
-    std::memcpy(buffer->units() + first.length, second.data(), second.size() * sizeof(char16_t));
+    appendRest(std::copy(first.units, first.units + first.length, buffer->units()));
     charge(size);
     return Value::object(newSharedString(buffer, length));
 }
@@ -319,21 +338,20 @@ void Heap::destroy(Object* object)
     switch (object->kind) {
     case Kind::string: {
         auto* string = static_cast<String*>(object);
-        TextBuffer* buffer = string->buffer;
-        objectBytes_ -= sizeof(String);
-        if (buffer == nullptr) {
-            objectBytes_ -= string->length * sizeof(char16_t);
+        std::size_t size = sizeof(String);
+        if (TextBuffer* buffer = string->buffer; buffer == nullptr) {
+            size += string->length * sizeof(char16_t);
         } else if (--buffer->users == 0) {
             objectBytes_ -= sizeof(TextBuffer) + buffer->capacity * sizeof(char16_t);
             ::operator delete(buffer);
         }
-        string->~String();
-        ::operator delete(string);
+        objectBytes_ -= size;
+        giveString(string, size);
         break;
     }
     case Kind::usubr: {
         auto* lambda = static_cast<Lambda*>(object);
-        objectBytes_ -= sizeof(Lambda) + lambda->arena.bytes();
+        objectBytes_ -= sizeof(Lambda) + lambda->chargedBytes;
         delete lambda;
         break;
     }

@@ -8,10 +8,12 @@
 #pragma once
 
 #include "objects.h"
+#include "small_pool.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <vector>
 
 namespace orvald::lisp {
@@ -19,8 +21,8 @@ namespace orvald::lisp {
 class CellBlock;
 struct Lambda;
 
-/// Raised by the evaluator as a LISP error.
-struct HeapExhausted
+/// The ceiling of a world's memory; becomes a LISP error as any failed allocation does.
+class HeapExhausted : public std::bad_alloc
 {
 };
 
@@ -45,8 +47,8 @@ public:
     Value makeString(std::u16string_view text);
     /// A string of `length` units for the caller to fill before anyone else sees it.
     String* newString(std::size_t length, char16_t*& units);
-    /// `first` followed by `second`; in place where `first` ends at the used end of its buffer.
-    Value concatenate(const String& first, std::u16string_view second);
+    /// At least one string, joined; in place where the first ends at the used end of its buffer.
+    Value concatenate(const Value* strings, int count);
 
     template <class T>
     T* make()
@@ -84,8 +86,11 @@ public:
     /// Ends a collection that could not be carried through: everything counts as alive.
     void abandonCollection();
 
-    /// True when even after a collection the ceiling is passed.
-    bool overLimit() const { return bytes() > limit_; }
+    /// True when the ceiling is passed, counting what the world holds `elsewhere`.
+    bool overLimit(std::size_t elsewhere) const { return bytes() + elsewhere > limit_; }
+    /// Throws when `size` more would pass the ceiling by far: the last barrier between two safe
+    /// points.
+    void requireRoom(std::size_t size) const;
     std::size_t bytes() const;
     /// Accounts for memory that an object took or gave back after it was made.
     void charge(std::size_t size);
@@ -99,7 +104,8 @@ private:
     void drain();
     void destroy(Object* object);
     String* newSharedString(TextBuffer* buffer, std::size_t length);
-    void requireRoom(std::size_t size) const;
+    void* takeString(std::size_t size);
+    void giveString(String* string, std::size_t size);
 
     Cons* next_ = nullptr;
     Cons* runEnd_ = nullptr;
@@ -108,6 +114,7 @@ private:
     std::vector<CellBlock*> blocks_; // in order of use
     std::vector<Object*> objects_;
     std::vector<Object*> permanent_;
+    SmallPool smallStrings_;
     std::vector<Value> markStack_;
     std::size_t limit_;
     std::size_t objectBytes_ = 0;

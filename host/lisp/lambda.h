@@ -68,6 +68,7 @@ struct Lambda : Object
     std::vector<Symbol*> symbols;
     std::vector<Value> constants; // functions written inside this one
     NodeArena arena;
+    std::size_t chargedBytes = 0; // of the arena, on the heap's account
 };
 
 } // namespace orvald::lisp

@@ -202,19 +202,6 @@ Value runDefun(const Node* node, Evaluator& evaluator)
 // functions to a debugger that a batch host does not have.
 Value runKept(const Node* node, Evaluator&) { return static_cast<const KeptNode*>(node)->value; }
 
-const Node* sequence(Compiler& compiler, RunNode run, Cons* form)
-{
-    const int count = countOf(form);
-    auto* node = compiler.make<SequenceNode>(run, form,
-                                             static_cast<std::size_t>(count) * sizeof(const Node*));
-    node->count = count;
-    const Node** child = Compiler::children(node);
-    for (Value rest = form->cdr; rest.isCons(); rest = rest.asCons()->cdr) {
-        *child++ = compiler.compile(rest.asCons()->car);
-    }
-    return node;
-}
-
 const Node* kept(Compiler& compiler, Cons* form, Value value)
 {
     auto* node = compiler.make<KeptNode>(runKept, form);
@@ -358,11 +345,17 @@ const Node* cond(Compiler& compiler, Cons* form)
     return node;
 }
 
-const Node* andForm(Compiler& compiler, Cons* form) { return sequence(compiler, runAnd, form); }
+const Node* andForm(Compiler& compiler, Cons* form)
+{
+    return compiler.compileChildren(runAnd, form);
+}
 
-const Node* orForm(Compiler& compiler, Cons* form) { return sequence(compiler, runOr, form); }
+const Node* orForm(Compiler& compiler, Cons* form) { return compiler.compileChildren(runOr, form); }
 
-const Node* progn(Compiler& compiler, Cons* form) { return sequence(compiler, runProgn, form); }
+const Node* progn(Compiler& compiler, Cons* form)
+{
+    return compiler.compileChildren(runProgn, form);
+}
 
 const Node* whileForm(Compiler& compiler, Cons* form) { return loop(compiler, runWhile, form); }
 

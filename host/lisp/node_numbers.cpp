@@ -27,6 +27,42 @@ struct Arithmetic
     }
 };
 
+// Three or more operands. All are run before one is found wrong; the first wrong one is kept until
+// then, so that the builtin can name it.
+template <class Function>
+Value runFold(const Node* node, Evaluator& evaluator)
+{
+    const auto* self = static_cast<const SequenceNode*>(node);
+    if (!evaluator.intact(Function::core)) [[unlikely]]
+        return evaluator.runRedefined(self);
+    const Node* const* operands = childrenOf(self);
+    Value result = evaluator.run(operands[0]);
+    bool wrong = !result.isNumber();
+    if (wrong) *evaluator.sp++ = result;
+    for (int i = 1; i < self->count; ++i) {
+        const Value next = evaluator.run(operands[i]);
+        if (wrong) continue;
+        if (next.isNumber()) {
+            result = Function::apply(evaluator, self, result, next);
+        } else {
+            wrong = true;
+            result = next;
+            *evaluator.sp++ = result;
+        }
+    }
+    if (!wrong) [[likely]]
+        return result;
+    --evaluator.sp;
+    return evaluator.callCore(Function::core, self, result);
+}
+
+template <class Function>
+const Node* compileFold(Compiler& compiler, Cons* form)
+{
+    if (Compiler::lengthOf(form->cdr) < 3) return compileBinary<Function>(compiler, form);
+    return compiler.compileChildren(runFold<Function>, form);
+}
+
 double addReals(double a, double b) { return a + b; }
 double subtractReals(double a, double b) { return a - b; }
 double multiplyReals(double a, double b) { return a * b; }
@@ -122,14 +158,14 @@ struct Numberp
 
 namespace hooks {
 
-const Node* add(Compiler& compiler, Cons* form) { return compileBinary<Add>(compiler, form); }
+const Node* add(Compiler& compiler, Cons* form) { return compileFold<Add>(compiler, form); }
 const Node* subtract(Compiler& compiler, Cons* form)
 {
-    return compileBinary<Subtract>(compiler, form);
+    return compileFold<Subtract>(compiler, form);
 }
 const Node* multiply(Compiler& compiler, Cons* form)
 {
-    return compileBinary<Multiply>(compiler, form);
+    return compileFold<Multiply>(compiler, form);
 }
 const Node* divide(Compiler& compiler, Cons* form) { return compileBinary<Divide>(compiler, form); }
 const Node* rem(Compiler& compiler, Cons* form) { return compileBinary<Rem>(compiler, form); }

@@ -15,8 +15,10 @@ enum class Quoting
     quoted // prin1: strings in quotes with escapes
 };
 
-/// Ends with "..." when the text would become longer than `limit` units.
-std::u16string printedText(Value value, Quoting quoting,
-                           std::size_t limit = static_cast<std::size_t>(-1));
+/// A list may contain itself many times over: small as data, without measure as text.
+inline constexpr std::size_t kLongestPrinted = std::size_t{32} << 20;
+
+/// Ends with "..." (and is then longer than `limit`) when the text would exceed `limit` units.
+std::u16string printedText(Value value, Quoting quoting, std::size_t limit = kLongestPrinted);
 
 } // namespace orvald::lisp

@@ -54,6 +54,7 @@ void SymbolTable::insert(Symbol* symbol, std::size_t hash)
     }
     slots_[place(symbol->name, hash)] = {symbol, hash};
     ++used_;
+    bytes_ += sizeof(Symbol) + 2 * sizeof(Slot);
 }
 
 Symbol* SymbolTable::find(std::u16string_view name) const
@@ -75,6 +76,7 @@ Symbol* SymbolTable::intern(std::u16string_view name)
         nameChunks_.push_back(std::make_unique<char16_t[]>(size));
         nameNext_ = nameChunks_.back().get();
         nameLeft_ = size;
+        bytes_ += size * sizeof(char16_t);
     }
     std::copy(upper.begin(), upper.end(), nameNext_);
     Symbol& symbol = symbols_.emplace_back();

@@ -23,6 +23,9 @@ public:
     /// Enters a symbol that lives elsewhere. `name` is upper-case text of static life.
     void adopt(Symbol& symbol, std::u16string_view name);
 
+    /// Memory held; it never shrinks.
+    std::size_t bytes() const { return bytes_; }
+
     template <class F>
     void forEach(F&& f) const
     {
@@ -47,6 +50,7 @@ private:
     std::vector<std::unique_ptr<char16_t[]>> nameChunks_;
     char16_t* nameNext_ = nullptr;
     std::size_t nameLeft_ = 0;
+    std::size_t bytes_ = 0;
 };
 
 } // namespace orvald::lisp

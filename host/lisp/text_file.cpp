@@ -9,6 +9,13 @@
 
 namespace orvald::lisp {
 
+namespace {
+
+// Some files of a system have no end.
+constexpr std::size_t kLargestFile = std::size_t{512} << 20;
+
+} // namespace
+
 std::FILE* openFile(const std::string& path, const char* mode)
 {
     std::error_code error;
@@ -31,8 +38,9 @@ std::optional<std::u16string> readTextFile(const std::string& path)
     char buffer[16384];
     for (std::size_t got = 0; (got = std::fread(buffer, 1, sizeof buffer, stream)) > 0;) {
         octets.append(buffer, got);
+        if (octets.size() > kLargestFile) break;
     }
-    const bool failed = std::ferror(stream) != 0;
+    const bool failed = std::ferror(stream) != 0 || octets.size() > kLargestFile;
     std::fclose(stream);
     if (failed) return std::nullopt;
     return decodeFile(octets);

@@ -37,12 +37,17 @@ std::string WorldHost::filePath(std::u16string_view name)
 }
 
 Root::Root(World& world, Value initial)
-    : value(initial), world_(world), previous_(world.evaluator().roots)
+    : value(initial), world_(world), outer_(world.evaluator().roots)
 {
+    if (outer_ != nullptr) outer_->inner_ = this;
     world.evaluator().roots = this;
 }
 
-Root::~Root() { world_.evaluator().roots = previous_; }
+Root::~Root()
+{
+    if (outer_ != nullptr) outer_->inner_ = inner_;
+    (inner_ != nullptr ? inner_->outer_ : world_.evaluator().roots) = outer_;
+}
 
 void ListBuilder::add(Value item)
 {

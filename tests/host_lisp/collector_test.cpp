@@ -105,6 +105,18 @@ TEST(Collector, TheCeilingIsALispErrorAndTheWorldGoesOn)
               "\"insufficient memory\"");
 }
 
+TEST(Collector, ListsThatHoldThemselvesManyTimesOverAreNoEndlessWork)
+{
+    BareHost host;
+    World world(host, std::size_t{64} << 20);
+    const auto run = [&](std::u16string_view text) { return shown(world, world.evalText(text)); };
+    run(u"(setq a '(1+ 1) b '(1+ 1)) (repeat 40 (setq a (list 'list a a) b (list 'list b b)))");
+    EXPECT_EQ(run(u"(list (equal a b) (equal (cdr a) b))"), "(T nil)");
+    EXPECT_EQ(run(u"(strlen (vl-princ-to-string a))"), "insufficient memory");
+    EXPECT_EQ(run(u"(eval a)"), "insufficient memory");
+    EXPECT_EQ(run(u"(car a)"), "LIST");
+}
+
 TEST(Collector, TenMillionCellsAndALongStringFit)
 {
     BareHost host;

@@ -28,6 +28,16 @@ fs::path pathOf(World& world, std::u16string_view name)
 #endif
 }
 
+// Names that are no valid text are shown as well as can be.
+std::u16string textOf(const fs::path& path)
+{
+#ifdef _WIN32
+    return path.u16string();
+#else
+    return toUtf16(path.string());
+#endif
+}
+
 fs::path pathArgument(World& world, Args args, int index)
 {
     return pathOf(world, args.string(index));
@@ -157,7 +167,7 @@ Value directoryFiles(World& world, Args args)
         std::error_code ignored;
         const bool isFolder = entries->is_directory(ignored);
         if ((isFolder && which > 0) || (!isFolder && which < 0)) continue;
-        std::u16string name = entries->path().filename().u16string();
+        std::u16string name = textOf(entries->path().filename());
         if (matchesFileName(name, pattern)) names.push_back(std::move(name));
     }
     std::sort(names.begin(), names.end());
@@ -217,7 +227,8 @@ Value nameExtension(World& world, Args args)
 Value makeTemporaryName(World& world, Args args)
 {
     std::u16string base = u"$VL~~";
-    std::u16string directory = fs::temp_directory_path().u16string();
+    std::error_code none;
+    std::u16string directory = textOf(fs::temp_directory_path(none));
     std::u16string extension;
     if (!args.at(0).isNil()) {
         const std::u16string_view pattern = args.string(0);

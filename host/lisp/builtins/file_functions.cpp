@@ -45,6 +45,9 @@ constexpr char16_t kLineEnd[] = u"\r\n";
 constexpr char16_t kLineEnd[] = u"\n";
 #endif
 
+// Some files of a system have no end.
+constexpr std::size_t kLongestLine = std::size_t{64} << 20;
+
 // (open name mode [encoding]); the encoding is always found out or UTF-8
 Value open(World& world, Args args)
 {
@@ -87,6 +90,7 @@ Value readLine(World& world, Args args)
     if (octet == EOF) return Value::nil();
     for (; octet != EOF && octet != '\n'; octet = std::fgetc(file.stream)) {
         line.push_back(static_cast<char>(octet));
+        if (line.size() > kLongestLine) throw HeapExhausted();
     }
     if (line.ends_with('\r')) line.pop_back();
     return world.makeString(decodeFile(line));

@@ -3,6 +3,7 @@
 #include "builtins/tables.h"
 
 #include "builtins/file_access.h"
+#include "evaluator.h"
 
 namespace orvald::lisp {
 
@@ -13,21 +14,21 @@ namespace {
 Value princ(World& world, Args args)
 {
     if (args.size() == 0) return Value::blank();
-    writeTo(world, args.at(1), world.princ(args[0]));
+    writeTo(world, args.at(1), evaluatorOf(world).printed(args[0], Quoting::bare));
     return args[0];
 }
 
 Value prin1(World& world, Args args)
 {
     if (args.size() == 0) return Value::blank();
-    writeTo(world, args.at(1), world.prin1(args[0]));
+    writeTo(world, args.at(1), evaluatorOf(world).printed(args[0], Quoting::quoted));
     return args[0];
 }
 
 Value print(World& world, Args args)
 {
     if (args.size() == 0) return Value::blank();
-    writeTo(world, args.at(1), u"\n" + world.prin1(args[0]) + u" ");
+    writeTo(world, args.at(1), u"\n" + evaluatorOf(world).printed(args[0], Quoting::quoted) + u" ");
     return args[0];
 }
 
@@ -43,8 +44,14 @@ Value terpri(World& world, Args)
     return Value::nil();
 }
 
-Value princToString(World& world, Args args) { return world.makeString(world.princ(args[0])); }
-Value prin1ToString(World& world, Args args) { return world.makeString(world.prin1(args[0])); }
+Value princToString(World& world, Args args)
+{
+    return world.makeString(evaluatorOf(world).printed(args[0], Quoting::bare));
+}
+Value prin1ToString(World& world, Args args)
+{
+    return world.makeString(evaluatorOf(world).printed(args[0], Quoting::quoted));
+}
 
 constexpr Builtin kTable[] = {
     {"princ", princ, 0, 2},

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// vl-sort, vl-sort-i, acad_strlsort: merge sort on the evaluation stack. It is stable, and a
-// predicate that contradicts itself gives some order but never a fault.
+// vl-sort, vl-sort-i, acad_strlsort: merge sort. It is stable, and a predicate that contradicts
+// itself gives some order but never a fault.
 #include "builtins/tables.h"
 
 #include "equality.h"
 #include "evaluator.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace orvald::lisp {
 
@@ -55,116 +56,106 @@ enum class Elements
     strings
 };
 
-Elements elementsOf(const Value* first, std::ptrdiff_t count)
+Elements kindOfAll(const std::vector<Value>& items)
 {
-    const auto all = [&](auto test) { return std::all_of(first, first + count, test); };
+    const auto all = [&](auto test) { return std::all_of(items.begin(), items.end(), test); };
     if (all([](Value value) { return value.isNumber(); })) return Elements::numbers;
     if (all([](Value value) { return isString(value); })) return Elements::strings;
     return Elements::mixed;
 }
 
-// Sorts the elements at `first`, whose keys `key` finds, by the predicate.
+// Sorts `items` by the predicate on their keys.
 template <class Key>
-void sortBy(Evaluator& evaluator, Value predicate, Value* first, std::ptrdiff_t count, Key key,
+void sortBy(Evaluator& evaluator, Value predicate, std::vector<Value>& items, Key key,
             Elements elements)
 {
-    Value* const root = evaluator.sp;
-    evaluator.requireRoom(static_cast<std::size_t>(count) + 3);
-    Value* const scratch = root;
-    std::copy(first, first + count, scratch);
-    evaluator.sp += count;
-    *evaluator.sp++ = predicate;
-    Value* const base = evaluator.sp;
-
+    std::vector<Value> scratch(items.size());
+    const auto sortWith = [&](auto before) {
+        mergeSort(items.data(), scratch.data(), static_cast<std::ptrdiff_t>(items.size()), before);
+    };
     const auto isBuiltin = [&](Core core) {
         return predicate == evaluator.core[static_cast<std::size_t>(core)].builtin;
     };
     const bool ascending = isBuiltin(Core::less);
     if (elements != Elements::mixed && (ascending || isBuiltin(Core::greater))) {
         const auto sortPlain = [&](auto less) {
-            auto before = [&](Value a, Value b) {
+            sortWith([&](Value a, Value b) {
                 return ascending ? less(key(a), key(b)) : less(key(b), key(a));
-            };
-            mergeSort(first, scratch, count, before);
+            });
         };
         if (elements == Elements::numbers) {
             sortPlain([](Value a, Value b) { return a.asNumber() < b.asNumber(); });
         } else {
             sortPlain([](Value a, Value b) { return stringOf(a) < stringOf(b); });
         }
-    } else {
-        auto before = [&](Value a, Value b) {
-            *evaluator.sp++ = key(a);
-            *evaluator.sp++ = key(b);
-            return !evaluator.callBack(predicate, base).isNil();
-        };
-        mergeSort(first, scratch, count, before);
+        return;
     }
+    Value* const root = evaluator.sp;
+    evaluator.push(predicate);
+    Value* const base = evaluator.sp;
+    sortWith([&](Value a, Value b) {
+        evaluator.push(key(a));
+        evaluator.push(key(b));
+        return !evaluator.callBack(predicate, base).isNil();
+    });
     evaluator.sp = root;
 }
 
-std::ptrdiff_t pushElements(Evaluator& evaluator, Value list)
+std::vector<Value> elementsIn(Value list)
 {
-    Value* const first = evaluator.sp;
-    for (; list.isCons(); list = list.asCons()->cdr) evaluator.push(list.asCons()->car);
-    return evaluator.sp - first;
+    std::vector<Value> items;
+    for (; list.isCons(); list = list.asCons()->cdr) items.push_back(list.asCons()->car);
+    return items;
 }
 
-Value listOf(World& world, const Value* first, std::ptrdiff_t count)
+Value listOf(World& world, const std::vector<Value>& items)
 {
     Value result;
-    while (count > 0) result = world.makeCons(first[--count], result);
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        result = world.makeCons(*item, result);
+    }
     return result;
 }
+
+Value itself(Value item) { return item; }
 
 Value sort(World& world, Args args)
 {
     Evaluator& evaluator = evaluatorOf(world);
-    Value* const first = evaluator.sp;
-    std::ptrdiff_t count = pushElements(evaluator, args.list(0));
-    sortBy(
-        evaluator, evaluator.resolveFunction(args[1]), first, count,
-        [](Value item) { return item; }, elementsOf(first, count));
+    std::vector<Value> items = elementsIn(args.list(0));
+    sortBy(evaluator, evaluator.resolveFunction(args[1]), items, itself, kindOfAll(items));
     // Integers and symbols that are the same element stay once; nothing else is dropped.
-    count =
-        std::unique(first, first + count,
-                    [](Value a, Value b) { return a == b && (a.isInteger() || a.isSymbol()); }) -
-        first;
-    evaluator.sp = first;
-    return listOf(world, first, count);
+    const auto isSame = [](Value a, Value b) { return a == b && (a.isInteger() || a.isSymbol()); };
+    items.erase(std::unique(items.begin(), items.end(), isSame), items.end());
+    return listOf(world, items);
 }
 
 Value sortIndices(World& world, Args args)
 {
     Evaluator& evaluator = evaluatorOf(world);
-    Value* const items = evaluator.sp;
-    const std::ptrdiff_t count = pushElements(evaluator, args.list(0));
-    const Elements elements = elementsOf(items, count);
-    Value* const indices = evaluator.sp;
+    const std::vector<Value> items = elementsIn(args.list(0));
     // Of equal elements the later comes first, as programs know this function.
-    for (std::ptrdiff_t i = count; i-- > 0;) {
-        evaluator.push(Value::integer(static_cast<std::int32_t>(i)));
+    std::vector<Value> indices;
+    for (std::size_t i = items.size(); i-- > 0;) {
+        indices.push_back(Value::integer(static_cast<std::int32_t>(i)));
     }
     sortBy(
-        evaluator, evaluator.resolveFunction(args[1]), indices, count,
-        [items](Value index) { return items[index.asInteger()]; }, elements);
-    evaluator.sp = items;
-    return listOf(world, indices, count);
+        evaluator, evaluator.resolveFunction(args[1]), indices,
+        [&](Value index) { return items[static_cast<std::size_t>(index.asInteger())]; },
+        kindOfAll(items));
+    return listOf(world, indices);
 }
 
 Value sortStrings(World& world, Args args)
 {
     Evaluator& evaluator = evaluatorOf(world);
-    Value* const first = evaluator.sp;
-    const std::ptrdiff_t count = pushElements(evaluator, args.list(0));
-    for (std::ptrdiff_t i = 0; i < count; ++i) {
-        if (!isString(first[i])) world.badArgument("stringp", first[i]);
+    std::vector<Value> items = elementsIn(args.list(0));
+    for (const Value item : items) {
+        if (!isString(item)) world.badArgument("stringp", item);
     }
-    sortBy(
-        evaluator, evaluator.core[static_cast<std::size_t>(Core::less)].builtin, first, count,
-        [](Value item) { return item; }, Elements::strings);
-    evaluator.sp = first;
-    return listOf(world, first, count);
+    sortBy(evaluator, evaluator.core[static_cast<std::size_t>(Core::less)].builtin, items, itself,
+           Elements::strings);
+    return listOf(world, items);
 }
 
 constexpr Builtin kTable[] = {

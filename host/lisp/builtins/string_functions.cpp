@@ -18,20 +18,8 @@ Value strcat(World& world, Args args)
 {
     if (args.size() == 0) return world.makeString({});
     for (int i = 0; i < args.size(); ++i) args.string(i);
-    Heap& heap = evaluatorOf(world).heap;
-    Value result = args[0];
-    if (args.size() > 2) {
-        // The tail is joined first, so that a growing first string is extended once.
-        std::size_t length = 0;
-        for (int i = 1; i < args.size(); ++i) length += args.string(i).size();
-        std::u16string tail;
-        tail.reserve(length);
-        for (int i = 1; i < args.size(); ++i) tail += args.string(i);
-        return heap.concatenate(*static_cast<String*>(result.asObject()), tail);
-    }
-    return args.size() == 1
-               ? result
-               : heap.concatenate(*static_cast<String*>(result.asObject()), args.string(1));
+    return args.size() == 1 ? args[0]
+                            : evaluatorOf(world).heap.concatenate(args.all().data(), args.size());
 }
 
 Value strlen(World&, Args args)

@@ -137,7 +137,7 @@ struct Outcome
     bool ok() const { return !error.has_value(); }
 };
 
-/// Keeps a value alive across safe points.
+/// Keeps a value alive across safe points, in whatever order roots come and go.
 class Root
 {
 public:
@@ -149,7 +149,8 @@ public:
 
 private:
     World& world_;
-    Root* previous_;
+    Root* outer_;
+    Root* inner_ = nullptr;
     friend class Evaluator;
 };
 
