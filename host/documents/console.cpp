@@ -54,6 +54,12 @@ void Console::prompt(std::u16string_view text)
     std::fwrite(bytes.data(), 1, bytes.size(), stderr);
 }
 
+void Console::failure(std::string_view application, std::u16string_view text)
+{
+    failure_ = text;
+    writeLine("Application " + std::string(application) + " ERROR: " + lisp::toUtf8(text));
+}
+
 void Console::alert(std::u16string_view text)
 {
     ++alerts_;

@@ -3,9 +3,9 @@
 // box never waits: its answer comes from the policy and is shown with the question.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace orvald {
 
@@ -30,6 +30,10 @@ public:
     void message(std::string_view line);
     /// A line that must be seen: errors and alerts.
     void warning(std::string_view line);
+    /// What an application says about a call of it that fails; kept as well.
+    void failure(std::string_view application, std::u16string_view text);
+    /// The last such text, taken away.
+    std::u16string takeFailure() { return std::exchange(failure_, {}); }
     /// A question to the user, without a line end of its own.
     void prompt(std::u16string_view text);
     /// A box with OK; counted, so that a run can tell its caller.
@@ -47,6 +51,7 @@ private:
     bool boxAnswer_ = false;
     bool atLineStart_ = true;
     int alerts_ = 0;
+    std::u16string failure_;
 };
 
 } // namespace orvald

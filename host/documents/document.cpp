@@ -130,7 +130,7 @@ std::string Document::findFile(std::string_view name, std::span<const std::strin
     return found;
 }
 
-void Document::releasePickset(std::int32_t set) { host_.selectionSets().release(set); }
+void Document::releasePickset(std::int32_t set) { host_.selectionSets().letGo(set); }
 
 bool Document::takeInterrupt() { return host_.takeInterrupt(); }
 

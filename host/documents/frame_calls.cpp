@@ -28,11 +28,8 @@ extern "C" {
 int acdbFail(const ACHAR* text)
 {
     const Application* application = Application::current();
-    std::string line = "Application ";
-    line += application == nullptr ? std::string("host") : application->fileName();
-    line += " ERROR: ";
-    if (text != nullptr) line += lisp::toUtf8(text);
-    Host::instance().console().warning(line);
+    Host::instance().console().failure(application == nullptr ? "host" : application->fileName(),
+                                       text == nullptr ? std::u16string_view() : text);
     return RTNORM;
 }
 

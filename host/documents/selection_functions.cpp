@@ -44,7 +44,7 @@ Value newSet(World& world)
         number = sets.create();
     }
     if (!number) world.raise(u"exceeded maximum number of selection sets");
-    return world.makePickset(*number);
+    return picksetValue(world, *number);
 }
 
 /// A set of these entities, which become the previous selection; nil without any.

@@ -34,14 +34,26 @@ bool SelectionSet::remove(std::uint64_t entity)
 std::optional<std::int32_t> SelectionSets::create()
 {
     if (sets_.size() >= kMost) return std::nullopt;
-    sets_.emplace(++last_, SelectionSet());
+    sets_.try_emplace(++last_);
     return last_;
 }
 
 SelectionSet* SelectionSets::find(std::int32_t set)
 {
     const auto place = sets_.find(set);
-    return place == sets_.end() ? nullptr : &place->second;
+    return place == sets_.end() ? nullptr : &place->second.set;
+}
+
+void SelectionSets::hold(std::int32_t set)
+{
+    const auto place = sets_.find(set);
+    if (place != sets_.end()) ++place->second.holders;
+}
+
+void SelectionSets::letGo(std::int32_t set)
+{
+    const auto place = sets_.find(set);
+    if (place != sets_.end() && --place->second.holders == 0) sets_.erase(place);
 }
 
 } // namespace orvald

@@ -43,10 +43,19 @@ public:
     /// Null when there is no such set.
     SelectionSet* find(std::int32_t set);
     void release(std::int32_t set) { sets_.erase(set); }
+
+    // A set that LISP has in hands lives until the last value that names it is garbage.
+    void hold(std::int32_t set);
+    void letGo(std::int32_t set);
     std::size_t size() const { return sets_.size(); }
 
 private:
-    std::map<std::int32_t, SelectionSet> sets_;
+    struct Held
+    {
+        SelectionSet set;
+        int holders = 0; // LISP values
+    };
+    std::map<std::int32_t, Held> sets_;
     std::int32_t last_ = 0;
 };
 

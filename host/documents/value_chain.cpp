@@ -3,6 +3,7 @@
 // lists, so that a list may be nested as deep as memory allows.
 #include "value_chain.h"
 
+#include "host.h"
 #include "resbuf/groups.h"
 
 #include <cstring>
@@ -238,6 +239,12 @@ resbuf* chainFromValue(Value value, lisp::World& world, ChainForm form)
     return writer.add(value) ? writer.take() : nullptr;
 }
 
+Value picksetValue(lisp::World& world, std::int32_t set)
+{
+    Host::instance().selectionSets().hold(set);
+    return world.makePickset(set);
+}
+
 std::optional<Value> valueFromNode(lisp::World& world, const resbuf& node)
 {
     switch (node.restype) {
@@ -247,7 +254,7 @@ std::optional<Value> valueFromNode(lisp::World& world, const resbuf& node)
     case RTPOINT:
         return world.makeList(
             {Value::real(node.resval.rpoint[0]), Value::real(node.resval.rpoint[1])});
-    case RTPICKS: return world.makePickset(node.resval.rlname[0]);
+    case RTPICKS: return picksetValue(world, node.resval.rlname[0]);
     default: break;
     }
     switch (nodeKind(node.restype)) {

@@ -32,6 +32,9 @@ resbuf* chainFromArguments(lisp::World& world, lisp::Args args, ChainForm form);
 /// Chain of one value; null and no error when it cannot be passed.
 resbuf* chainFromValue(lisp::Value value, lisp::World& world, ChainForm form);
 
+/// A value that names a selection set of the host and keeps it.
+lisp::Value picksetValue(lisp::World& world, std::int32_t set);
+
 /// Value of one node that is no list mark; nothing when it has none.
 std::optional<lisp::Value> valueFromNode(lisp::World& world, const resbuf& node);
 /// A chain as one list: wrapped unless it is one RTLB..RTLE pair from its first to its last node. A

@@ -135,6 +135,21 @@ TEST_F(EntityCalls, SelectionSetsCountTheirMembersAndRunOut)
     EXPECT_EQ(made, SelectionSets::kMost);
 }
 
+TEST_F(EntityCalls, ASetThatLispNamesTwiceLivesUntilBothAreGone)
+{
+    lisp::World& world = host_.current()->world();
+    ads_name set;
+    ASSERT_EQ(acedSSAdd(nullptr, nullptr, set), RTNORM);
+    world.setSymbol(u"first", picksetValue(world, set[0]));
+    world.setSymbol(u"second", picksetValue(world, set[0]));
+    world.setSymbol(u"first", lisp::Value::nil());
+    world.collectGarbage();
+    EXPECT_TRUE(world.evalText(u"(sslength second)").ok());
+    world.setSymbol(u"second", lisp::Value::nil());
+    world.collectGarbage();
+    EXPECT_EQ(host_.selectionSets().size(), 0u);
+}
+
 TEST_F(EntityCalls, VariablesGoBothWays)
 {
     resbuf value = {};
