@@ -29,15 +29,24 @@ void* allocate(std::size_t size, std::size_t alignment)
 
 } // namespace
 
-void* operator new(std::size_t size) { return allocate(size, 0); }
-void* operator new(std::size_t size, std::align_val_t alignment)
+// Not inlined: the compiler would see memory of new go to free.
+#define REPLACED [[gnu::noinline]]
+REPLACED void* operator new(std::size_t size) { return allocate(size, 0); }
+REPLACED void* operator new(std::size_t size, std::align_val_t alignment)
 {
     return allocate(size, static_cast<std::size_t>(alignment));
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete(void* memory, std::align_val_t) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept { std::free(memory); }
+REPLACED void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return std::malloc(size); // standard algorithms ask so and do without
+}
+REPLACED void operator delete(void* memory) noexcept { std::free(memory); }
+REPLACED void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+REPLACED void operator delete(void* memory, std::align_val_t) noexcept { std::free(memory); }
+REPLACED void operator delete(void* memory, std::size_t, std::align_val_t) noexcept
+{
+    std::free(memory);
+}
 
 namespace {
 

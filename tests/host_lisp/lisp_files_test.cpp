@@ -2,13 +2,10 @@
 // Runs the cases of tests/lisp/core, each file in a world of its own; once as it is and once with a
 // collection at every safe point, where a value that is not kept reachable shows.
 #include "bare_world.h"
-#include "lsp_cases.h"
+#include "lsp_run.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-#include <sstream>
 #include <unistd.h>
 
 namespace {
@@ -39,16 +36,6 @@ Value folder(World& world, Args) { return world.makeString(theHost->folder.u16st
 constexpr Builtin kTable[] = {
     {"printed", printed, 0, 0}, {"variable", variable, 2, 2}, {"folder", folder, 0, 0}};
 
-std::vector<fs::path> lispFiles()
-{
-    std::vector<fs::path> files;
-    for (const auto& entry : fs::directory_iterator(KEX_SOURCE_DIR "/tests/lisp/core")) {
-        if (entry.path().extension() == ".lsp") files.push_back(entry.path());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
 class LispFiles : public testing::TestWithParam<fs::path>
 {
 protected:
@@ -62,26 +49,10 @@ protected:
 
     void run(bool stress)
     {
-        std::ifstream file(GetParam());
-        std::stringstream text;
-        text << file.rdbuf();
         World world(host_);
         world.define(kTable);
         world.stressCollector(stress);
-        for (const LspCase& one : parseLspCases(text.str())) {
-            SCOPED_TRACE(GetParam().filename().string() + ":" + std::to_string(one.line));
-            const Outcome outcome = world.evalText(toUtf16(one.text), GetParam().string());
-            const std::string message = outcome.ok() ? "" : toUtf8(outcome.error->message);
-            if (one.expects == LspCase::Expects::error) {
-                EXPECT_FALSE(outcome.ok()) << "value " << toUtf8(world.prin1(outcome.value));
-                EXPECT_TRUE(message.ends_with(one.expected)) << "message " << message;
-                continue;
-            }
-            EXPECT_TRUE(outcome.ok()) << message;
-            if (one.expects == LspCase::Expects::value) {
-                EXPECT_EQ(toUtf8(world.prin1(outcome.value)), one.expected);
-            }
-        }
+        runLspFile(world, GetParam());
     }
 
     BareHost host_;
@@ -90,7 +61,8 @@ protected:
 TEST_P(LispFiles, GiveWhatTheySay) { run(false); }
 TEST_P(LispFiles, GiveTheSameWhileGarbageIsCollectedAllTheTime) { run(true); }
 
-INSTANTIATE_TEST_SUITE_P(Core, LispFiles, testing::ValuesIn(lispFiles()),
+INSTANTIATE_TEST_SUITE_P(Core, LispFiles,
+                         testing::ValuesIn(lspFiles(KEX_SOURCE_DIR "/tests/lisp/core")),
                          [](const auto& file) { return file.param.stem().string(); });
 
 } // namespace
