@@ -24,6 +24,13 @@ Chain stringsFromList(lisp::World& world, lisp::Value list);
 /// Sets ERRNO in the document of `world` when `error` is one; true when it is none.
 bool succeeded(lisp::World& world, drawing::ErrNo error);
 
+/// (x y z).
+inline lisp::Value pointValue(lisp::World& world, drawing::Point point)
+{
+    using lisp::Value;
+    return world.makeList({Value::real(point.x), Value::real(point.y), Value::real(point.z)});
+}
+
 /// The value of an object, nil for none.
 inline lisp::Value nameValue(drawing::ObjectId id)
 {

@@ -27,11 +27,6 @@ Point pointArgument(Args args, int index)
     return {point.x, point.y, point.z};
 }
 
-Value pointValue(World& world, Point point)
-{
-    return world.makeList({Value::real(point.x), Value::real(point.y), Value::real(point.z)});
-}
-
 /// Reads a list of `count` numbers; false when it is none.
 template <std::size_t count>
 bool readNumbers(Value list, double (&numbers)[count])

@@ -65,11 +65,6 @@ TypedUnits typedUnits(const SystemVariables& variables)
             variables.integer(u"ANGDIR") == 1};
 }
 
-Value pointValue(World& world, Point point)
-{
-    return world.makeList({Value::real(point.x), Value::real(point.y), Value::real(point.z)});
-}
-
 /// The point that a text means, which becomes the last point; nothing when it is none.
 std::optional<Point> pointFrom(Document& document, std::u16string_view text,
                                std::optional<Point> base)
@@ -101,13 +96,11 @@ Point askSecondPoint(World& world, Point first)
 /// True when the rules allow the number; else the complaint is filled in.
 bool allows(const Question& question, double number, std::u16string& complaint)
 {
-    if (number == 0.0 && question.has(InputRules::kNoZero)) complaint = u"Value must be nonzero.";
-    else if (number < 0.0 && question.has(InputRules::kNoNegative)) {
-        complaint = u"Value must not be negative.";
-    } else {
-        return true;
-    }
-    return false;
+    const bool zero = number == 0.0 && question.has(InputRules::kNoZero);
+    const bool negative = number < 0.0 && question.has(InputRules::kNoNegative);
+    if (zero) complaint = u"Value must be nonzero.";
+    if (negative) complaint = u"Value must not be negative.";
+    return !zero && !negative;
 }
 
 // (initget [bits] [keywords])
@@ -330,13 +323,14 @@ std::optional<Value> pickedBy(World& world, std::u16string_view text)
 Value pick(World& world, Value prompt)
 {
     Question question(world, prompt, u"Select object: ", 0);
-    bool answered = false;
+    bool missed = false;
     const Value result = question.ask([&](std::u16string_view text, std::u16string& complaint) {
         complaint = u"No such object: an answer is 'HANDLE or L.";
-        answered = true;
-        return pickedBy(world, text);
+        const std::optional<Value> picked = pickedBy(world, text);
+        missed = picked && picked->isNil();
+        return picked;
     });
-    if (!answered && result.isNil()) {
+    if (result.isNil() && !missed) {
         constexpr int kEnter = 52;
         Document::of(world).variables().setErrno(kEnter);
     }

@@ -3,24 +3,14 @@
 
 #include "document.h"
 #include "host.h"
+#include "typed_values.h"
 
 #include <utility>
 
 namespace orvald {
-namespace {
 
 using lisp::Value;
 using lisp::World;
-
-std::u16string_view trimmed(std::u16string_view text)
-{
-    constexpr std::u16string_view kBlanks = u" \t\r\n";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::u16string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-} // namespace
 
 void missingInput(World& world, std::u16string_view prompt)
 {

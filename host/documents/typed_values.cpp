@@ -6,7 +6,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <numbers>
 #include <string>
 
@@ -27,14 +26,15 @@ std::size_t split(std::u16string_view text, std::u16string_view (&parts)[most])
     }
 }
 
+} // namespace
+
 std::u16string_view trimmed(std::u16string_view text)
 {
-    while (text.starts_with(u' ')) text.remove_prefix(1);
-    while (text.ends_with(u' ')) text.remove_suffix(1);
-    return text;
+    constexpr std::u16string_view kBlanks = u" \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::u16string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
-
-} // namespace
 
 std::optional<int> readInteger(std::u16string_view text)
 {

@@ -27,6 +27,8 @@ struct TypedPoint
     bool world = false;    // "*": in world coordinates
 };
 
+/// The text without the blanks at its ends.
+std::u16string_view trimmed(std::u16string_view text);
 /// A whole number of the range -32768 to 32767.
 std::optional<int> readInteger(std::u16string_view text);
 /// An angle from ANGBASE, in the drawing's sense of turning, as radians counter-clockwise.

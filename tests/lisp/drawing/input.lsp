@@ -55,10 +55,17 @@
 (progn (answers (strcat "'" handle)) (setq pick (entsel "Pick: ")) (list (eq (car pick) line) (cadr pick))) ; => (T (1.0 2.0 0.0))
 (progn (answers "l 3,3.5") (cadr (entsel)))  ; => (3.0 3.5 0.0)
 (progn (answers "'FFFF" "nonsense" "L") (eq (car (nentsel)) line)) ; => T
-(progn (answers "" "9,9") (list (entsel) (getvar "ERRNO") (entsel) (getvar "ERRNO"))) ; => (nil 52 nil 7)
+(progn (answers "nonsense" "" "9,9") (list (entsel) (getvar "ERRNO") (entsel) (getvar "ERRNO"))) ; => (nil 52 nil 7)
 (progn (answers "s") (initget "Settings") (entsel)) ; => "Settings"
 (nentselp "Pick: " '(1 2))                  ; => nil
 (progn (answers "1,2" "x" "") (list (grread) (grread T) (grread))) ; => ((3 (1.0 2.0 0.0)) (2 120) (2 13))
+
+; -- files: one that is there, or a new one with its suffix
+(setq file (vl-filename-mktemp "kex" nil ".lin"))
+(close (open file "w"))
+(progn (answers "nosuch" file) (= (getfiled "Open" "" "lin" 0) file)) ; => T
+(progn (answers "new" "" "") (list (getfiled "Save" "" "lin" 1) (getfiled "Save" "old.lin" "lin" 1) (getfiled "Open" "" "lin" 0))) ; => ("new.lin" "old.lin" nil)
+(vl-file-delete file)                       ; => T
 
 ; -- input that has ended names the prompt
 (progn (answers) (getpoint "\nStart point: ")) ; ! no input for: Start point:
