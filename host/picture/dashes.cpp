@@ -59,8 +59,8 @@ bool clipSegment(Vec from, Vec to, const Bounds& box, double& first, double& las
            keep(from.y, to.y - from.y, box.bottom, box.top);
 }
 
-std::size_t cutDashes(const Run& run, const Dashes& dashes, const Bounds& page,
-                      std::vector<Run>& out, std::size_t count)
+std::size_t cutDashes(const Chords& run, const Dashes& dashes, const Bounds& page,
+                      std::vector<Chords>& out, std::size_t count)
 {
     const std::vector<double>& lengths = dashes.lengths;
     const double period = std::accumulate(lengths.begin(), lengths.end(), 0.0);

@@ -19,8 +19,8 @@ bool fitDashes(const std::vector<double>& pattern, double scale, double length, 
 
 /// The drawn parts of a run that touch `page`, appended to `out` from `count` on, whose runs are
 /// used again; gives the new count.
-std::size_t cutDashes(const Run& run, const Dashes& dashes, const Bounds& page,
-                      std::vector<Run>& out, std::size_t count);
+std::size_t cutDashes(const Chords& run, const Dashes& dashes, const Bounds& page,
+                      std::vector<Chords>& out, std::size_t count);
 
 /// The part of a segment inside a box as parameters 0 to 1; false when there is none.
 bool clipSegment(Vec from, Vec to, const Bounds& box, double& first, double& last);

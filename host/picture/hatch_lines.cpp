@@ -49,7 +49,7 @@ double lineDistance(const drawing::HatchLine& family)
     return distance > 1e-9 * length(offset) ? distance : 0.0;
 }
 
-bool hatchLines(std::span<const Run> boundary, const drawing::HatchLine& family, double finest,
+bool hatchLines(std::span<const Chords> boundary, const drawing::HatchLine& family, double finest,
                 const Bounds& window, std::size_t most, std::vector<HatchSegment>& out)
 {
     const Turned turned{flat(family.base), {std::cos(family.angle), std::sin(family.angle)}};
@@ -63,7 +63,7 @@ bool hatchLines(std::span<const Run> boundary, const drawing::HatchLine& family,
 
     std::vector<Crossing> crossings;
     const std::size_t mostCrossings = 2 * most;
-    for (const Run& run : boundary) {
+    for (const Chords& run : boundary) {
         for (std::size_t i = 0; i < run.points.size(); ++i) {
             const Vec a = turned.in(run.points[i]);
             const Vec b = turned.in(run.points[(i + 1) % run.points.size()]);

@@ -18,7 +18,7 @@ struct HatchSegment
 /// One family of lines in the coordinates of the boundary. Dashes with a period below `finest` are
 /// drawn through. Only what lies in `window` is looked at; at most `most` segments come out, fewer
 /// than there are when the answer is false.
-bool hatchLines(std::span<const Run> boundary, const drawing::HatchLine& family, double finest,
+bool hatchLines(std::span<const Chords> boundary, const drawing::HatchLine& family, double finest,
                 const Bounds& window, std::size_t most, std::vector<HatchSegment>& out);
 
 /// Distance between neighbouring lines of a family; 0 when there is only one line.

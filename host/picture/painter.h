@@ -91,10 +91,10 @@ private:
     Looks looks_;
     std::vector<drawing::Index> open_; // block records being drawn, outermost first
     std::size_t stepsLeft_;
-    Path path_;             // reused: what goes to the canvas
-    Path local_;            // reused: the same in the coordinates of the entity
-    std::vector<Run> runs_; // reused
-    Dashes dashes_;         // reused
+    Path path_;                // reused: what goes to the canvas
+    Path local_;               // reused: the same in the coordinates of the entity
+    std::vector<Chords> runs_; // reused
+    Dashes dashes_;            // reused
 };
 
 } // namespace orvald::picture

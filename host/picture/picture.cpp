@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <system_error>
 #include <unistd.h>
 
@@ -64,12 +65,6 @@ int writeWhole(const std::string& path, const std::string& bytes)
     return error;
 }
 
-bool endsWith(std::string_view path, std::string_view ending)
-{
-    return path.size() > ending.size() &&
-           drawing::sameName(path.substr(path.size() - ending.size()), ending);
-}
-
 } // namespace
 
 Index spaceOf(const Drawing& drawing, std::string_view layout)
@@ -105,8 +100,9 @@ std::string png(const Drawing& drawing, const Options& options, Summary* summary
 bool savePicture(const Drawing& drawing, const std::string& path, const Options& options,
                  std::string& problem, Summary* summary)
 {
-    const bool asSvg = endsWith(path, ".svg");
-    if (!asSvg && !endsWith(path, ".png")) {
+    const std::string ending = std::filesystem::path(path).extension().string();
+    const bool asSvg = drawing::sameName(ending, ".svg");
+    if (!asSvg && !drawing::sameName(ending, ".png")) {
         problem = path + ": a picture is named .svg or .png";
         return false;
     }

@@ -151,7 +151,7 @@ int chordCount(const Arc& arc, double tolerance)
     return static_cast<int>(std::clamp(std::ceil(turn / step), 1.0, double{kMostChords}));
 }
 
-std::size_t flatten(const Path& path, double tolerance, std::vector<Run>& runs)
+std::size_t flatten(const Path& path, double tolerance, std::vector<Chords>& runs)
 {
     std::size_t count = 0;
     for (const Path::Piece& piece : path.pieces()) {
@@ -161,7 +161,7 @@ std::size_t flatten(const Path& path, double tolerance, std::vector<Run>& runs)
             runs[count].closed = false;
             ++count;
         }
-        Run& run = runs[count - 1];
+        Chords& run = runs[count - 1];
         switch (piece.step) {
         case Path::Step::move:
         case Path::Step::line: run.points.push_back(piece.to); break;

@@ -126,14 +126,14 @@ private:
 };
 
 /// One run of points; a closed one does not repeat its first point.
-struct Run
+struct Chords
 {
     std::vector<Vec> points;
     bool closed = false;
 };
 /// A path as chords that stay within `tolerance` of its arcs (half as much again for slanting
 /// ellipses). The vector's runs and their memory are used again; gives how many of them count.
-std::size_t flatten(const Path& path, double tolerance, std::vector<Run>& runs);
+std::size_t flatten(const Path& path, double tolerance, std::vector<Chords>& runs);
 /// Number of chords for an arc within the tolerance, 1 to kMostChords.
 int chordCount(const Arc& arc, double tolerance);
 inline constexpr int kMostChords = 16384;

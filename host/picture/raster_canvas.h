@@ -31,8 +31,8 @@ private:
     Bounds page_;
     std::vector<std::uint8_t> pixels_;
     Coverage coverage_;
-    Path crisp_;                     // reused
-    std::vector<Run> runs_, dashed_; // reused
+    Path crisp_;                        // reused
+    std::vector<Chords> runs_, dashed_; // reused
 };
 
 /// The same path with upright and level lines moved by at most half a pixel, so that a line of that

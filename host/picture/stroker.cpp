@@ -116,7 +116,7 @@ private:
 
 } // namespace
 
-void addStroke(Coverage& coverage, const Run& run, double width, Ends ends, bool capped)
+void addStroke(Coverage& coverage, const Chords& run, double width, Ends ends, bool capped)
 {
     Stroker stroker(coverage, width, ends);
     const double half = width / 2.0;

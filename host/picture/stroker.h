@@ -10,6 +10,6 @@ namespace orvald::picture {
 
 /// Adds a run of points, in pixels, as a line of that width. `capped` ends reach half a width
 /// beyond the last points (round) or end there; a run without length gives a dot when capped.
-void addStroke(Coverage& coverage, const Run& run, double width, Ends ends, bool capped);
+void addStroke(Coverage& coverage, const Chords& run, double width, Ends ends, bool capped);
 
 } // namespace orvald::picture

@@ -36,7 +36,7 @@ private:
     std::string out_;
     std::string group_; // attributes of the group that is open; empty when none is
     Bounds page_;
-    std::vector<Run> runs_;      // reused
+    std::vector<Chords> runs_;   // reused
     std::int64_t x_ = 0, y_ = 0; // current point in thousandths
     char lastCommand_ = '\0';    // within the path
     bool afterNumber_ = false;   // the next number needs a gap
