@@ -172,6 +172,7 @@ std::string surveyorText(double degrees, int precision, const UnitSettings& sett
     return std::string(north ? "N" : "S") + blank + angle + blank + (east ? "E" : "W");
 }
 
+// A part of a turn in units of which the `full` turn is a whole number.
 std::string turnText(double value, double full, int precision, int suppression, const char* suffix)
 {
     if (fixedText(value, precision) == fixedText(full, precision)) value = 0.0;
@@ -210,7 +211,7 @@ std::u16string angleText(double radians, int mode, int precision, const UnitSett
     case 2:
         return widened(
             turnText(turned / kPi * 200.0, 400.0, places, settings.zeroSuppression, "g"));
-    case 3: return widened(turnText(turned, 2.0 * kPi, places, settings.zeroSuppression, "r"));
+    case 3: return widened(decimalText(turned, places, settings.zeroSuppression) + "r");
     case 4: return widened(surveyorText(degrees, places, settings));
     default: return widened(turnText(degrees, 360.0, places, settings.zeroSuppression, ""));
     }
