@@ -124,7 +124,10 @@ void Evaluator::safePointReached()
         collect();
         if (heap.overLimit(symbols.bytes())) raise(u"insufficient memory");
     }
-    if (host.takeInterrupt()) raise(u"Function cancelled", LispError::Sort::cancelled);
+    if (host.takeInterrupt()) {
+        interrupted_ = true;
+        raise(u"Function cancelled", LispError::Sort::cancelled);
+    }
 }
 
 void Evaluator::collect()

@@ -127,6 +127,8 @@ public:
     [[noreturn]] void exitWithValue(Value value);
     void unwindTo(Frame* frame, Value* stack);
     /// Runs `body`; after an error the bindings are undone and `onError(message)` gives the result.
+    /// The user's wish to stop is not held up: it ends the program even out of a loop that catches
+    /// everything.
     template <class Body, class OnError>
     Value guarded(Body&& body, OnError&& onError);
 
@@ -196,7 +198,9 @@ private:
     std::vector<std::string> files_;
     std::vector<External*> externals_;
     bool stress_ = false;
+    // An error on its way that no vl-catch-all-apply may hold up.
     bool exitsWithValue_ = false;
+    bool interrupted_ = false;
 };
 
 inline Evaluator& evaluatorOf(World& world) { return world.evaluator(); }
@@ -239,7 +243,8 @@ Value Evaluator::guarded(Body&& body, OnError&& onError)
     try {
         return body();
     } catch (LispError& error) {
-        if (exitsWithValue_) throw;
+        const bool stopped = interrupted_ && error.sort == LispError::Sort::cancelled;
+        if (exitsWithValue_ || stopped) throw;
         message = std::move(error.message);
     } catch (const std::exception& fault) {
         message = messageOf(fault);

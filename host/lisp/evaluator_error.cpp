@@ -72,6 +72,7 @@ std::u16string Evaluator::messageOf(const std::exception& fault)
 Outcome Evaluator::afterError(LispError error, Frame* frame, Value* stack)
 {
     Outcome outcome;
+    interrupted_ = false;
     if (exitsWithValue_) {
         exitsWithValue_ = false;
         unwindTo(frame, stack);
@@ -99,6 +100,7 @@ Outcome Evaluator::afterError(LispError error, Frame* frame, Value* stack)
                     }
                 }
                 exitsWithValue_ = false;
+                interrupted_ = false;
             }
             spLimit -= kErrorReserve;
         }

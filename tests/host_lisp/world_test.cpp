@@ -233,6 +233,7 @@ TEST(Interrupt, StopsEveryKindOfLoopWithinFiftyMilliseconds)
         u"(defun f () (f2)) (defun f2 () 1) (while t (f))",
         u"(while t (mapcar '1+ '(1 2 3)))",
         u"(repeat 2000000000 (vl-catch-all-error-p 1))",
+        u"(while t (vl-catch-all-apply '(lambda () (while t)) nil))",
         u"(repeat 100000 (setq big (cons 1 big))) (while t (reverse big))",
         u"(repeat 100000 (setq big (cons 1 big))) (while t (length big))",
         u"(repeat 50000 (setq big (cons (rem (* 7 (length big)) 1009) big)))"

@@ -115,8 +115,8 @@ public:
                                  std::span<const std::string_view> suffixes) = 0;
     /// A selection set value is gone; `set` is the number it was made with.
     virtual void releasePickset(std::int32_t set) = 0;
-    /// The user wants to stop the program (Ctrl-C); read at every safe point, cleared by the
-    /// reader.
+    /// The user wants to stop the program (Ctrl-C); read at safe points, cleared by the reader. The
+    /// error that follows is not caught by vl-catch-all-apply; one that a prompt raises is.
     virtual bool takeInterrupt() = 0;
     /// A "c:" function was defined or removed.
     virtual void commandDefined(std::u16string_view name, bool defined) = 0;
