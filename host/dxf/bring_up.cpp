@@ -66,8 +66,11 @@ void joinProxyFormat(Record& record)
 /// layout of texts, the multi-line form of attributes).
 bool dropEmbedded(Record& record)
 {
+    const Kind kind = record.kind();
     const auto embedded = record.tags.find(101);
-    if (embedded == record.tags.end()) return false;
+    if (embedded == record.tags.end() ||
+        (kind != Kind::mtext && kind != Kind::attrib && kind != Kind::attdef))
+        return false;
     record.tags.erase(embedded, record.tags.end());
     return true;
 }
@@ -88,8 +91,7 @@ void bringUp(Drawing& drawing, std::string_view version, Warnings& warnings)
             (proxy || (drawing.at(i).isEntity() && drawing.at(i).tags.has(310))))
             widenCounts(drawing.edit(i));
         if (version > "AC1027" && proxy) joinProxyFormat(drawing.edit(i));
-        if (version > "AC1027" && drawing.at(i).isEntity() && dropEmbedded(drawing.edit(i)))
-            ++embedded;
+        if (version > "AC1027" && dropEmbedded(drawing.edit(i))) ++embedded;
         if (version < "AC1027" && body) ++bodies;
     }
     if (embedded != 0)

@@ -34,12 +34,20 @@ public:
                 std::memchr(at_, '\n', static_cast<std::size_t>(end_ - at_)));
             if (newline == nullptr) newline = end_; // the last line has no end
         }
-        const char* last = newline;
-        if (last != at_ && last[-1] == '\r') --last;
-        line = {at_, static_cast<std::size_t>(last - at_)};
-        at_ = newline == end_ ? end_ : newline + 1;
-        ++number_;
+        take(newline, line);
         return true;
+    }
+    /// The same, made for lines of a few bytes.
+    bool nextShort(std::string_view& line)
+    {
+        constexpr std::ptrdiff_t kShort = 12;
+        const char* stop = end_ - at_ > kShort ? at_ + kShort : end_;
+        for (const char* newline = at_; newline != stop; ++newline) {
+            if (*newline != '\n') continue;
+            take(newline, line);
+            return true;
+        }
+        return next(line);
     }
     /// Number of the last line, from 1.
     std::uint64_t number() const { return number_; }
@@ -47,6 +55,14 @@ public:
     int error() const { return error_; }
 
 private:
+    void take(const char* newline, std::string_view& line)
+    {
+        const char* last = newline;
+        if (last != at_ && last[-1] == '\r') --last;
+        line = {at_, static_cast<std::size_t>(last - at_)};
+        at_ = newline == end_ ? end_ : newline + 1;
+        ++number_;
+    }
     /// Brings a whole line, or the rest of the file, into the window. False when nothing is left.
     bool refill();
 

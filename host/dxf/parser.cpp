@@ -173,11 +173,14 @@ void Parser::readRecord(Section section, Family family)
     try {
         for (need(); in_.code() != 0; need()) {
             if (in_.code() == 1001 && record.kind() != Kind::xrecord) inXdata = true;
+            if (head_ && in_.code() == 3 && isDictionary(record.kind())) needDictionaryMarker();
             if (inXdata) xdata_.take(in_);
             else if (head_) readHeadGroup(record);
             else if (!isDictionary(record.kind()) || !readEntry(record)) tags_.take(in_);
         }
         if (keyOpen_) in_.fail("key " + quoted(key_) + " of a dictionary names no object");
+        if (head_ && isDictionary(record.kind())) needDictionaryMarker();
+        if (head_) closeBraces();
     } catch (Fail& fail) {
         fail.error.handle = record.handle;
         fail.error.reason +=
@@ -208,6 +211,7 @@ void Parser::readHeadGroup(Record& record)
         return;
     }
     if (code == 100) {
+        closeBraces();
         head_ = false;
         tags_.take(in_);
         return;
@@ -225,6 +229,25 @@ void Parser::readHeadGroup(Record& record)
     } else {
         tags_.take(in_);
     }
+}
+
+void Parser::closeBraces()
+{
+    if (braces_ == Braces::other) {
+        handler_.warn(in_.line(), "braces of an application are not closed: they are now");
+        tags_.finish();
+        tags_.list().addText(102, "}");
+    }
+    braces_ = Braces::none;
+}
+
+void Parser::needDictionaryMarker()
+{
+    handler_.warn(in_.line(), "a dictionary has no subclass marker: it is added");
+    closeBraces();
+    tags_.finish();
+    tags_.list().addText(100, "AcDbDictionary");
+    head_ = false;
 }
 
 bool Parser::readEntry(Record& record)

@@ -56,6 +56,8 @@ private:
     /// Reads the record that the present group 0 opens; stands on the next group 0 then.
     void readRecord(Section section, drawing::Family family);
     void readHeadGroup(drawing::Record& record);
+    void closeBraces();
+    void needDictionaryMarker();
     bool readEntry(drawing::Record& record);
     void need();
     void warnSums();

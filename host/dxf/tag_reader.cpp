@@ -31,7 +31,7 @@ bool TagReader::next()
 {
     for (;;) {
         std::string_view text;
-        if (!lines_.next(text)) {
+        if (!lines_.nextShort(text)) {
             if (lines_.error() != 0)
                 fail("cannot be read: " + std::generic_category().message(lines_.error()));
             return false;
