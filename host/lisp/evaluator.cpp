@@ -48,7 +48,7 @@ Evaluator::Evaluator(World& owner, WorldHost& worldHost, std::size_t heapLimit)
     files_.emplace_back();
 
     for (const CoreRow& row : coreRows()) {
-        symbols.adopt(core[static_cast<std::size_t>(row.core)].symbol, row.name);
+        symbols.adopt(coreSymbol(row.core).symbol, row.name);
     }
     for (const Builtin& row : specialForms()) {
         Subr* subr = heap.makePermanent<Subr>(row);

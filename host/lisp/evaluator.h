@@ -21,7 +21,6 @@
 #include "symbol_table.h"
 
 #include <array>
-#include <deque>
 #include <span>
 #include <string>
 #include <vector>
@@ -57,20 +56,17 @@ public:
         Symbol symbol;
         Value builtin;
     };
-    std::array<CoreSymbol, kCoreCount> core;
+    std::array<CoreSymbol, kCoreCount> core; // by Core
     SymbolTable symbols;
 
     Value run(const Node* node) { return node->run(node, *this); }
     Value boolean(bool value) const { return value ? tValue : Value::nil(); }
-    bool intact(Core which) const
+    CoreSymbol& coreSymbol(Core which) { return core[static_cast<std::size_t>(which)]; }
+    /// The symbol still means the builtin.
+    bool intact(Core which)
     {
-        const CoreSymbol& entry = core[static_cast<std::size_t>(which)];
+        const CoreSymbol& entry = coreSymbol(which);
         return entry.symbol.value == entry.builtin;
-    }
-    const Builtin& builtinOf(Core which) const
-    {
-        return *static_cast<const Subr*>(core[static_cast<std::size_t>(which)].builtin.asObject())
-                    ->builtin;
     }
 
     // -- safe points
@@ -114,8 +110,7 @@ public:
     /// The general way for a form whose special node no longer fits.
     Value runRedefined(const FormNode* node);
     /// Operands that an inlined function cannot take: the builtin itself decides.
-    Value callCore(Core which, const FormNode* call, Value a);
-    Value callCore(Core which, const FormNode* call, Value a, Value b);
+    Value callCore(Core which, const FormNode* call, std::initializer_list<Value> operands);
     Value evalForm(Value form);
     Lambda* lambdaOf(Cons* list);
 
@@ -269,6 +264,10 @@ Outcome Evaluator::atTop(Body&& body)
         outcome = afterError(std::move(error), frame, stack);
     } catch (const std::exception& fault) {
         outcome = afterError({messageOf(fault), LispError::Sort::error, {}}, frame, stack);
+    } catch (...) { // not ours, but the bindings are
+        unwindTo(frame, stack);
+        currentCall = call;
+        throw;
     }
     currentCall = call;
     lastResult = outcome.value;

@@ -103,25 +103,11 @@ Value Evaluator::apply(Value designator, std::span<const Value> args)
     return result;
 }
 
-Value Evaluator::callCore(Core which, const FormNode* call, Value a)
+Value Evaluator::callCore(Core which, const FormNode* call, std::initializer_list<Value> operands)
 {
     Value* const base = sp;
-    *sp++ = a;
-    currentCall = call;
-    const Value result = builtinOf(which).function(world, Args(world, base, 1));
-    sp = base;
-    return result;
-}
-
-Value Evaluator::callCore(Core which, const FormNode* call, Value a, Value b)
-{
-    Value* const base = sp;
-    *sp++ = a;
-    *sp++ = b;
-    currentCall = call;
-    const Value result = builtinOf(which).function(world, Args(world, base, 2));
-    sp = base;
-    return result;
+    for (const Value operand : operands) *sp++ = operand;
+    return callSubr(static_cast<Subr*>(coreSymbol(which).builtin.asObject()), call, base);
 }
 
 // -- forms and lists as code
@@ -157,7 +143,7 @@ Lambda* Evaluator::lambdaOf(Cons* list)
     if (Lambda** known = listFunctions_.find(list)) return *known;
     Value parameters = list->car;
     Value body = list->cdr;
-    if (parameters == Value::symbol(&core[static_cast<std::size_t>(Core::lambda)].symbol)) {
+    if (parameters == Value::symbol(&coreSymbol(Core::lambda).symbol)) {
         parameters = car(list->cdr);
         body = cdr(list->cdr);
     }

@@ -45,8 +45,6 @@ public:
     }
 
     Value makeString(std::u16string_view text);
-    /// A string of `length` units for the caller to fill before anyone else sees it.
-    String* newString(std::size_t length, char16_t*& units);
     /// At least one string, joined; in place where the first ends at the used end of its buffer.
     Value concatenate(const Value* strings, int count);
 
@@ -80,7 +78,6 @@ public:
     }
     void markObject(Object* object);
     static bool isMarked(const Cons* cell);
-    static bool isMarked(const Object* object) { return object->marked; }
     /// Frees what was not marked.
     void finishCollection();
     /// Ends a collection that could not be carried through: everything counts as alive.
@@ -103,6 +100,8 @@ private:
     void markChildren(Object* object);
     void drain();
     void destroy(Object* object);
+    // A string of `length` units for the caller to fill.
+    String* newString(std::size_t length, char16_t*& units);
     String* newSharedString(TextBuffer* buffer, std::size_t length);
     void* takeString(std::size_t size);
     void giveString(String* string, std::size_t size);

@@ -275,11 +275,9 @@ const Node* function(Compiler& compiler, Cons* form)
 {
     if (countOf(form) != 1) return compiler.faulty(form, kSyntax);
     const Value designator = argument(form, 0);
-    const bool isLambda =
-        designator.isCons() &&
-        designator.asCons()->car ==
-            Value::symbol(
-                &compiler.evaluator().core[static_cast<std::size_t>(Core::lambda)].symbol);
+    const bool isLambda = designator.isCons() &&
+                          designator.asCons()->car ==
+                              Value::symbol(&compiler.evaluator().coreSymbol(Core::lambda).symbol);
     if (isLambda) return lambda(compiler, designator.asCons());
     return kept(compiler, form, designator);
 }

@@ -17,7 +17,7 @@ struct Path
     {
         Value value = a;
         const bool found = (step<kSteps>(value) && ...);
-        return found ? value : evaluator.callCore(kCore, node, a);
+        return found ? value : evaluator.callCore(kCore, node, {a});
     }
 
 private:
@@ -79,7 +79,7 @@ struct Nth
     static constexpr Core core = Core::nth;
     static Value apply(Evaluator& evaluator, const FormNode* node, Value a, Value b)
     {
-        if (!a.isInteger() || !b.isList()) return evaluator.callCore(core, node, a, b);
+        if (!a.isInteger() || !b.isList()) return evaluator.callCore(core, node, {a, b});
         Value list = b;
         for (int left = a.asInteger(); left > 0 && list.isCons(); --left) list = list.asCons()->cdr;
         return list.isCons() && a.asInteger() >= 0 ? list.asCons()->car : Value::nil();

@@ -23,7 +23,7 @@ struct Arithmetic
     {
         if (bothIntegers(a, b)) return Value::integer(integers(a.asInteger(), b.asInteger()));
         if (bothNumbers(a, b)) return Value::real(reals(a.asNumber(), b.asNumber()));
-        return evaluator.callCore(kCore, node, a, b);
+        return evaluator.callCore(kCore, node, {a, b});
     }
 };
 
@@ -53,7 +53,7 @@ Value runFold(const Node* node, Evaluator& evaluator)
     if (!wrong) [[likely]]
         return result;
     --evaluator.sp;
-    return evaluator.callCore(Function::core, self, result);
+    return evaluator.callCore(Function::core, self, {result});
 }
 
 template <class Function>
@@ -82,7 +82,7 @@ struct Divide
         if (b.isReal() && a.isNumber() && b.asReal() != 0.0) {
             return Value::real(a.asNumber() / b.asReal());
         }
-        return evaluator.callCore(core, node, a, b);
+        return evaluator.callCore(core, node, {a, b});
     }
 };
 
@@ -94,7 +94,7 @@ struct Rem
         if (bothIntegers(a, b) && b.asInteger() > 0) {
             return Value::integer(a.asInteger() % b.asInteger());
         }
-        return evaluator.callCore(core, node, a, b);
+        return evaluator.callCore(core, node, {a, b});
     }
 };
 
@@ -104,7 +104,7 @@ struct Logand
     static Value apply(Evaluator& evaluator, const FormNode* node, Value a, Value b)
     {
         if (bothIntegers(a, b)) return Value::integer(a.asInteger() & b.asInteger());
-        return evaluator.callCore(core, node, a, b);
+        return evaluator.callCore(core, node, {a, b});
     }
 };
 
@@ -118,7 +118,7 @@ struct Comparison
             return evaluator.boolean(Relation()(a.asInteger(), b.asInteger()));
         }
         if (bothNumbers(a, b)) return evaluator.boolean(Relation()(a.asNumber(), b.asNumber()));
-        return evaluator.callCore(kCore, node, a, b);
+        return evaluator.callCore(kCore, node, {a, b});
     }
 };
 
@@ -130,7 +130,7 @@ struct Step
     {
         if (a.isInteger()) return Value::integer(wrappedAdd(a.asInteger(), kStep));
         if (a.isReal()) return Value::real(a.asReal() + kStep);
-        return evaluator.callCore(kCore, node, a);
+        return evaluator.callCore(kCore, node, {a});
     }
 };
 
@@ -141,7 +141,7 @@ struct SignTest
     static Value apply(Evaluator& evaluator, const FormNode* node, Value a)
     {
         if (a.isNumber()) return evaluator.boolean(Relation()(a.asNumber(), 0.0));
-        return evaluator.callCore(kCore, node, a);
+        return evaluator.callCore(kCore, node, {a});
     }
 };
 

@@ -74,7 +74,7 @@ void sortBy(Evaluator& evaluator, Value predicate, std::vector<Value>& items, Ke
         mergeSort(items.data(), scratch.data(), static_cast<std::ptrdiff_t>(items.size()), before);
     };
     const auto isBuiltin = [&](Core core) {
-        return predicate == evaluator.core[static_cast<std::size_t>(core)].builtin;
+        return predicate == evaluator.coreSymbol(core).builtin;
     };
     const bool ascending = isBuiltin(Core::less);
     if (elements != Elements::mixed && (ascending || isBuiltin(Core::greater))) {
@@ -153,8 +153,7 @@ Value sortStrings(World& world, Args args)
     for (const Value item : items) {
         if (!isString(item)) world.badArgument("stringp", item);
     }
-    sortBy(evaluator, evaluator.core[static_cast<std::size_t>(Core::less)].builtin, items, itself,
-           Elements::strings);
+    sortBy(evaluator, evaluator.coreSymbol(Core::less).builtin, items, itself, Elements::strings);
     return listOf(world, items);
 }
 

@@ -113,7 +113,8 @@ public:
     /// order after the name as it stands.
     virtual std::string findFile(std::string_view name,
                                  std::span<const std::string_view> suffixes) = 0;
-    /// A selection set value is gone; `set` is the number it was made with.
+    /// A selection set value is gone; `set` is the number it was made with. Called in the middle of
+    /// a collection: the world may not be touched.
     virtual void releasePickset(std::int32_t set) = 0;
     /// The user wants to stop the program (Ctrl-C); read at safe points, cleared by the reader. The
     /// error that follows is not caught by vl-catch-all-apply; one that a prompt raises is.
