@@ -23,7 +23,6 @@ struct DispatchState
 {
     int debugLevel = kNotRead; // read from the configuration with the first call
     unsigned pendingFault = 0;
-    CKexErrorHandler::Translator replaced = nullptr; // for nested code that restores it
 };
 DispatchState state;
 
@@ -72,8 +71,6 @@ int kexLispDispatch()
 {
     const int code = acedGetFunCode();
     state.pendingFault = 0;
-    const CKexErrorHandler guard;
-    state.replaced = guard.previous();
     const std::span<const LispRow> table = lispTable();
     const auto index = static_cast<std::size_t>(static_cast<unsigned>(code));
     // kept: the bound lets the count itself through; no function has that code.

@@ -44,7 +44,7 @@ def slot(x, y, length, r):
 def layers(doc):
     for name, colour, lineweight in [("BLECH_AUSSEN", 7, 50), ("BLECH_INNEN", 5, 35),
                                      ("BOHRUNG", 1, 25), ("BIEGELINIE", 3, 18),
-                                     ("TEXT", 2, 18), ("RAHMEN", 8, 70), ("POSITION", 4, 25)]:
+                                     ("TEXT", 34, 18), ("RAHMEN", 8, 70), ("POSITION", 4, 25)]:
         doc.layers.add(name, color=colour, lineweight=lineweight)
     doc.layers.get("BIEGELINIE").dxf.linetype = "DASHED"
 
@@ -96,7 +96,7 @@ def frame(msp):
     msp.add_lwpolyline([(-100, -100), (w + 100, -100), (w + 100, h + 100), (-100, h + 100)],
                        close=True, dxfattribs={"layer": "RAHMEN"})
     # The arch above the facade: an open polyline of arcs.
-    msp.add_lwpolyline([(0, h + 100, -0.2), (w / 2, h + 900, -0.2), (w, h + 100, 0)], format="xyb",
+    msp.add_lwpolyline([(0, h + 100, -0.15), (w / 2, h + 700, -0.15), (w, h + 100, 0)], format="xyb",
                        dxfattribs={"layer": "RAHMEN"})
     for column in range(COLUMNS):
         msp.add_text(f"Achse {column + 1}", dxfattribs={"layer": "TEXT", "height": 90}).set_placement(

@@ -7,29 +7,30 @@
 (setq *length-layer* "LAENGE")
 (setq *table-name* "ORV_OUTLINE_LENGTHS")
 
-; Middle of the box around a list of points.
-(defun box-middle (points / xs ys)
-  (setq xs (mapcar 'car points)
-        ys (mapcar 'cadr points))
-  (list (/ (+ (apply 'min xs) (apply 'max xs)) 2.0)
-        (/ (+ (apply 'min ys) (apply 'max ys)) 2.0)
-        0.0))
+; Smallest and largest value of one coordinate of the points.
+(defun reach (points pick / values)
+  (setq values (mapcar pick points))
+  (list (apply 'min values) (apply 'max values)))
 
-; Text height that suits an outline: a fifteenth of its width, within reason.
-(defun text-height (points / xs)
-  (setq xs (mapcar 'car points))
-  (max 3.0 (min 40.0 (/ (- (apply 'max xs) (apply 'min xs)) 15.0))))
-
-(defun write-length (points len / at)
-  (setq at (box-middle points))
+; A length as text, centred below its outline; in a large outline just above its lower edge.
+(defun write-length (points len / xs ys width height at)
+  (setq xs     (reach points 'car)
+        ys     (reach points 'cadr)
+        width  (- (cadr xs) (car xs))
+        height (max 3.0 (min 40.0 (/ width 12.0)))
+        at     (list (/ (+ (car xs) (cadr xs)) 2.0)
+                     (if (> width 800.0)
+                       (+ (car ys) 50.0 height)
+                       (- (car ys) (* 0.4 height)))
+                     0.0))
   (entmake (list '(0 . "TEXT")
                  (cons 8 *length-layer*)
                  (cons 10 at)
                  (cons 11 at)
-                 (cons 40 (text-height points))
+                 (cons 40 height)
                  (cons 1 (rtos len 2 1))
                  '(72 . 1)
-                 '(73 . 2))))
+                 '(73 . 3))))
 
 ; One row of the table: layer, handle, length, points of the outline.
 (defun measure (ent / data outline points len)

@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/../.."
 out=out/demo
 mkdir -p "$out/home"
-orvald="build/orvald --home $out/home"
+orvald="${ORVALD:-build/orvald} --home $out/home"
 
 echo "== a facade panel, made with ezdxf"
 /usr/bin/python3 examples/facade/make_panel.py "$out/panel.dxf"

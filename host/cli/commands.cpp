@@ -31,9 +31,9 @@ int report(const Session& session, const Evaluation& evaluation)
     if (!evaluation.handled) {
         say("error: " + evaluation.error);
         for (const CallLine& call : evaluation.calls) {
-            std::string place = call.file;
-            if (call.line > 0) place += ":" + std::to_string(call.line);
-            say("  in " + call.call + (place.empty() ? "" : "   " + place));
+            const std::string place =
+                call.file.empty() ? "" : "   " + call.file + ":" + std::to_string(call.line);
+            say("  in " + call.call + place);
         }
     }
     return session.moduleFaulted() ? kModuleFault : kLispError;

@@ -248,8 +248,10 @@ int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlig
 int acedGetVar(const ACHAR* name, resbuf* value)
 {
     Document* document = Host::instance().current();
-    if (document == nullptr || name == nullptr || value == nullptr) return RTERROR;
-    const auto answer = document->variables().get(name, *value);
+    if (name == nullptr || value == nullptr) return RTERROR;
+    // A module that is being loaded asks for the host's release before any drawing is open.
+    const auto answer = document == nullptr ? SystemVariables::getConstant(name, *value)
+                                            : document->variables().get(name, *value);
     return answer == SystemVariables::Answer::done ? RTNORM : RTERROR;
 }
 

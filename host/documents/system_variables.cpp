@@ -96,6 +96,30 @@ std::optional<VariableValue> valueFrom(const VariableRow& row, const resbuf& nod
     return std::nullopt;
 }
 
+void fill(resbuf& node, const VariableRow& row, const VariableValue& value)
+{
+    node.rbnext = nullptr;
+    if (const auto* number = std::get_if<std::int32_t>(&value)) {
+        const auto narrow = static_cast<short>(*number);
+        node.restype = narrow == *number ? RTSHORT : RTLONG;
+        if (node.restype == RTSHORT) node.resval.rint = narrow;
+        else node.resval.rlong = *number;
+    } else if (const auto* real = std::get_if<double>(&value)) {
+        node.restype = RTREAL;
+        node.resval.rreal = *real;
+    } else if (const auto* text = std::get_if<std::u16string>(&value)) {
+        node.restype = RTSTR;
+        node.resval.rstring = newString(text->data(), text->size());
+    } else {
+        const Point& point = std::get<Point>(value);
+        const bool planar = row.type == VariableType::point2;
+        node.restype = planar ? RTPOINT : RT3DPOINT;
+        node.resval.rpoint[0] = point.x;
+        node.resval.rpoint[1] = point.y;
+        node.resval.rpoint[2] = planar ? 0.0 : point.z;
+    }
+}
+
 bool inRange(const VariableRow& row, const VariableValue& value)
 {
     if (const auto* number = std::get_if<std::int32_t>(&value)) {
@@ -190,26 +214,17 @@ SystemVariables::Answer SystemVariables::get(std::u16string_view name, resbuf& n
 {
     const VariableRow* row = findVariable(name);
     if (row == nullptr) return Answer::unknown;
-    const VariableValue value = state_->value(document_, *row);
-    node.rbnext = nullptr;
-    if (const auto* number = std::get_if<std::int32_t>(&value)) {
-        const auto narrow = static_cast<short>(*number);
-        node.restype = narrow == *number ? RTSHORT : RTLONG;
-        if (node.restype == RTSHORT) node.resval.rint = narrow;
-        else node.resval.rlong = *number;
-    } else if (const auto* real = std::get_if<double>(&value)) {
-        node.restype = RTREAL;
-        node.resval.rreal = *real;
-    } else if (const auto* text = std::get_if<std::u16string>(&value)) {
-        node.restype = RTSTR;
-        node.resval.rstring = newString(text->data(), text->size());
-    } else {
-        const Point& point = std::get<Point>(value);
-        node.restype = row->type == VariableType::point2 ? RTPOINT : RT3DPOINT;
-        node.resval.rpoint[0] = point.x;
-        node.resval.rpoint[1] = point.y;
-        node.resval.rpoint[2] = row->type == VariableType::point2 ? 0.0 : point.z;
+    fill(node, *row, state_->value(document_, *row));
+    return Answer::done;
+}
+
+SystemVariables::Answer SystemVariables::getConstant(std::u16string_view name, resbuf& node)
+{
+    const VariableRow* row = findVariable(name);
+    if (row == nullptr || !row->readOnly || row->home != VariableHome::session) {
+        return Answer::unknown;
     }
+    fill(node, *row, initialValue(*row));
     return Answer::done;
 }
 

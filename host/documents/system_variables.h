@@ -32,6 +32,8 @@ public:
     /// Fills restype (RTSHORT, RTREAL, RTSTR, RTPOINT, RT3DPOINT) and value; the caller frees a
     /// string with acutDelString.
     Answer get(std::u16string_view name, resbuf& value) const;
+    /// A value that is the same in every document (ACADVER); unknown for any other variable.
+    static Answer getConstant(std::u16string_view name, resbuf& value);
     /// An integer may come as RTSHORT or RTLONG, a real as an integer, a point with or without Z.
     Answer set(std::u16string_view name, const resbuf& value);
 

@@ -184,7 +184,7 @@ void Painter::strokeWide(const Path& path, const Look& look, double scale, doubl
 
 void Painter::strokeWith(const Path& path, const Look& look, double scale, Pen pen)
 {
-    if (path.empty() || !path.isDrawable()) return;
+    if (path.empty() || !path.isDrawable() || !(pen.width < Path::kFar)) return;
     if (view_ != nullptr && look.dashes != nullptr) {
         double size = 0.0;
         const std::size_t count = flatten(path, kLengthTolerance, runs_);

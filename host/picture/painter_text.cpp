@@ -142,6 +142,7 @@ void Painter::letters(const std::vector<Lettering>& pieces, const Affine& toCanv
         if (!spend(piece.text.size() + 1)) return;
         const LetterLook& form = piece.look;
         const double across = form.unit(), up = form.height / kCapHeight;
+        if (!(across > 0.0) || !(up > 0.0)) continue; // too small for numbers
         const Affine toPlace =
             toCanvas.after({{across, 0.0}, {std::tan(form.oblique) * up, up}, {piece.x, piece.y}});
         const double width = widthOf(piece) / across;

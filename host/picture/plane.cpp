@@ -148,7 +148,8 @@ int chordCount(const Arc& arc, double tolerance)
     // A chord over the angle s rises by r (1 - cos(s/2)), which is just below r s^2 / 8.
     const double step =
         std::min(std::sqrt(8.0 * tolerance / std::max(radius, tolerance)), std::numbers::pi / 4.0);
-    return static_cast<int>(std::clamp(std::ceil(turn / step), 1.0, double{kMostChords}));
+    if (!(turn < step * kMostChords)) return kMostChords;
+    return std::max(1, static_cast<int>(std::ceil(turn / step)));
 }
 
 std::size_t flatten(const Path& path, double tolerance, std::vector<Chords>& runs)

@@ -10,6 +10,7 @@ namespace orvald::picture {
 namespace {
 
 constexpr double kChordTolerance = 0.1; // pixels, of round ends and corners
+constexpr double kLeastStep = 1e-3;     // radians of a chord, however wide the line
 constexpr double kThin = 2.5;           // pixels: below this a round end looks like a square one
 // Of a thin line's width: a square end this long has the area of a round one.
 constexpr double kThinEnd = std::numbers::pi / 8.0;
@@ -97,8 +98,8 @@ private:
     {
         double angle = std::atan2(cross(first, last), dot(first, last));
         if (angle > 0.0) angle -= 2.0 * std::numbers::pi; // only -0 and rounding can bring it here
-        const double step =
-            std::min(std::sqrt(8.0 * kChordTolerance / half_), std::numbers::pi / 3.0);
+        const double step = std::clamp(std::sqrt(8.0 * kChordTolerance / half_), kLeastStep,
+                                       std::numbers::pi / 3.0);
         const int chords = std::max(1, static_cast<int>(std::ceil(-angle / step)));
         for (int i = 1; i < chords; ++i) {
             const double t = angle * (double(i) / chords);

@@ -9,8 +9,9 @@ namespace orvald::picture {
 namespace {
 
 constexpr double kSheetWidth = 420.0; // millimetres: A3 across
-// A side below this part of the coordinates themselves is noise of the coordinates.
-constexpr double kNoise = 1e-12;
+// A side below this part of the coordinates themselves is noise of the coordinates; one below the
+// least length is too small to be divided by.
+constexpr double kNoise = 1e-12, kLeastLength = 1e-100;
 
 // Gives a box an area: a side that has none gets a hundredth of the other, a point a square of one
 // unit. A box of nothing, or of what are no coordinates, becomes a unit square.
@@ -21,7 +22,8 @@ Bounds withArea(Bounds box)
     if (box.empty || !(far < Path::kFar)) return {0.0, 0.0, 1.0, 1.0, false};
     const double width = box.right - box.left, height = box.top - box.bottom;
     const double larger = std::max(width, height);
-    const double least = larger > far * kNoise ? larger / 100.0 : std::max(1.0, far * kNoise);
+    const double noise = std::max(far * kNoise, kLeastLength);
+    const double least = larger > noise ? larger / 100.0 : std::max(1.0, noise);
     const double addX = std::max(least - width, 0.0) / 2.0;
     const double addY = std::max(least - height, 0.0) / 2.0;
     return {box.left - addX, box.bottom - addY, box.right + addX, box.top + addY, false};

@@ -70,6 +70,15 @@ struct Session::State
     std::vector<std::pair<std::string, std::string>> variables;
 
     Document& current() { return *host.current(); }
+    template <typename Run>
+    Evaluation evaluate(Run&& run)
+    {
+        host.console().takeFailure();
+        lisp::World& world = current().world();
+        Evaluation result = evaluationOf(world, run(world));
+        result.failure = toUtf8(host.console().takeFailure());
+        return result;
+    }
     bool setVariables(std::string& reason)
     {
         for (const auto& [name, value] : variables) {
@@ -155,14 +164,12 @@ bool Session::picture(const std::string& path, std::string& problem, bool overla
 
 Evaluation Session::eval(std::string_view text)
 {
-    lisp::World& world = state_->current().world();
-    return evaluationOf(world, world.evalText(toUtf16(text)));
+    return state_->evaluate([&](lisp::World& world) { return world.evalText(toUtf16(text)); });
 }
 
 Evaluation Session::loadFile(const std::string& path)
 {
-    lisp::World& world = state_->current().world();
-    return evaluationOf(world, world.loadFile(path));
+    return state_->evaluate([&](lisp::World& world) { return world.loadFile(path); });
 }
 
 bool Session::command(const std::string& name)

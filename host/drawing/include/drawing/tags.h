@@ -37,8 +37,8 @@ bool fileKind(int code, TagKind& kind);
 /// True for the x of a point: the groups code + 10 and, where there is one, code + 20 belong to it.
 constexpr bool beginsPoint(int code)
 {
-    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 ||
-           (code >= 1010 && code <= 1013);
+    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) ||
+           (code >= 210 && code <= 219) || (code >= 1010 && code <= 1013);
 }
 /// True for groups that hold the handle of another object: 320 to 369, 390 to 399, 480, 481, 1005.
 constexpr bool isReference(int code)

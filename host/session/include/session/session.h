@@ -46,6 +46,7 @@ struct Evaluation
     bool ok = true;
     std::string value;           // as LISP prints it; empty for the blank symbol
     std::string error;           // message; empty when ok
+    std::string failure;         // what a module said last through acdbFail during the evaluation
     bool handled = false;        // the program's own *error* has had it
     bool cancelled = false;      // Ctrl-C
     std::vector<CallLine> calls; // innermost first

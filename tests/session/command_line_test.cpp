@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The command line as a user types it: output, messages and exit status of the real program.
+#include "session_support.h"
+
+#include <array>
+#include <cstdio>
+#include <sys/wait.h>
+
+namespace {
+
+struct Result
+{
+    int status = -1;
+    std::string out, err;
+};
+
+class CommandLine : public testing::Test
+{
+protected:
+    std::string write(const std::string& name, const std::string& text) const
+    {
+        std::ofstream(home_.file(name), std::ios::binary) << text;
+        return home_.file(name);
+    }
+    std::string file(const std::string& name) const { return home_.file(name); }
+
+    /// Runs orvald; `rest` is shell text, `input` what standard input holds.
+    Result orvald(const std::string& rest, const std::string& input = {}) const
+    {
+        const std::string in = write("stdin", input);
+        const std::string line = "cd " + home_.path() + " && " KEX_BIN_DIR "/orvald --home " +
+                                 home_.file("home") + " " + rest + " <" + in + " >" +
+                                 home_.file("out") + " 2>" + home_.file("err");
+        const int status = std::system(line.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kextest::readFile(home_.file("out")),
+                kextest::readFile(home_.file("err"))};
+    }
+
+private:
+    kextest::Home home_;
+};
+
+TEST_F(CommandLine, EvalPrintsEachValueAsLispDoes)
+{
+    const Result run = orvald("eval '(+ 1 2)' '\"a\\\"b\"' '(kex_str_len \"Maß\")' '(princ)' -e 'pi'");
+    EXPECT_EQ(run.out, "3\n\"a\\\"b\"\n3\n3.14159\n");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST_F(CommandLine, RunGivesArgumentsAndSavesAndDraws)
+{
+    const std::string program = write("p.lsp", "(princ (argv))\n"
+                                               "(entmake '((0 . \"LINE\") (10 0.0 0.0 0.0)"
+                                               " (11 100.0 50.0 0.0)))\n(princ)");
+    const Result run = orvald("run p.lsp one -s a.dxf --picture a.svg -- -two");
+    EXPECT_EQ(run.out, "(\"one\" \"-two\")\n") << run.err;
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(kextest::readFile(file("a.svg")).find("<svg"), std::string::npos);
+    const Result again = orvald("run -e '(princ (cdr (assoc 0 (entget (entlast)))))' -d a.dxf");
+    EXPECT_EQ(again.out, "LINE\n") << again.err;
+    EXPECT_EQ(orvald("draw a.dxf a.png").status, 0);
+    EXPECT_TRUE(kextest::readFile(file("a.png")).starts_with("\x89PNG"));
+}
+
+TEST_F(CommandLine, ErrorsTellMessageCallsAndPlace)
+{
+    write("bad.lsp",
+          "(defun inner (x)\n  (+ x \"a\"))\n\n(defun outer ()\n  (inner 1))\n(outer)\n");
+    const Result run = orvald("run bad.lsp");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.err.find("error: bad argument type: numberp: \"a\""), std::string::npos)
+        << run.err;
+    const std::size_t inner = run.err.find("bad.lsp:2"), outer = run.err.find("bad.lsp:5");
+    EXPECT_NE(inner, std::string::npos) << run.err;
+    EXPECT_NE(outer, std::string::npos) << run.err;
+    EXPECT_LT(inner, outer);
+    // A program that ends in the middle of a list names where it began.
+    write("open.lsp", "(setq a 1)\n\n(setq b (list 1 2\n");
+    const Result open = orvald("run open.lsp");
+    EXPECT_EQ(open.status, 3);
+    EXPECT_NE(open.err.find("open.lsp:3"), std::string::npos) << open.err;
+}
+
+TEST_F(CommandLine, NothingIsSavedAfterAnError)
+{
+    EXPECT_EQ(orvald("run -e '(car 1)' -s never.dxf").status, 3);
+    EXPECT_FALSE(std::filesystem::exists(file("never.dxf")));
+}
+
+struct Status
+{
+    const char* what;
+    const char* line;
+    int status;
+    const char* says;
+};
+constexpr std::array kStatuses = {
+    Status{"help", "--help", 0, ""},
+    Status{"version", "--version", 0, ""},
+    Status{"no command", "", 64, ""},
+    Status{"unknown command", "fly", 64, "no command fly"},
+    Status{"unknown option", "eval 1 --fly", 64, "unknown option --fly"},
+    Status{"option without value", "eval 1 -d", 64, "-d needs a value"},
+    Status{"missing program", "run nowhere.lsp", 66, "nowhere.lsp: no such file"},
+    Status{"missing drawing", "eval 1 -d nowhere.dxf", 66, "nowhere.dxf: no such file"},
+    Status{"no drawing", "eval 1 -d stdin", 2, "stdin"},
+    Status{"missing module", "eval 1 --load nowhere.arx", 66, "nowhere.arx"},
+    Status{"refusing module", "eval 1 --load refusing.arx", 66, "refused to start"},
+    Status{"output in no folder", "eval 1 -s nowhere/a.dxf", 4, "nowhere/a.dxf"},
+    Status{"picture of no kind", "eval 1 --picture a.xyz", 4, "a.xyz"},
+    Status{"no input", "eval '(getstring \"Name: \")'", 5, "Name: "},
+    Status{"exit", "eval '(exit)'", 3, "quit / exit abort"},
+    Status{"variable", "eval 1 --set NOSUCH=1", 64, "NOSUCH"},
+};
+
+TEST_F(CommandLine, ExitStatusTellsWhatHappened)
+{
+    for (const Status& one : kStatuses) {
+        SCOPED_TRACE(one.what);
+        const Result run = orvald(one.line);
+        EXPECT_EQ(run.status, one.status) << run.err;
+        EXPECT_NE(run.err.find(one.says), std::string::npos) << run.err;
+    }
+}
+
+TEST_F(CommandLine, ProgramErrorFunctionHasTheLastWord)
+{
+    write("e.lsp", "(defun *error* (msg) (princ (strcat \"own: \" msg)))\n(car 1)\n");
+    const Result run = orvald("run e.lsp");
+    EXPECT_EQ(run.out, "own: bad argument type: listp 1\n");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 3);
+}
+
+TEST_F(CommandLine, FunctionsListAsTextAndAsJson)
+{
+    const Result text = orvald("functions str_len");
+    EXPECT_EQ(text.out, "(kex_str_len  str s) -> int\n");
+    EXPECT_EQ(text.err, "1 functions, 1 of them built\n");
+    const Result json = orvald("functions kex_dlg_pop --json");
+    EXPECT_EQ(json.out, "[\n  {\"name\": \"kex_dlg_pop\", \"arguments\": \"\", "
+                        "\"result\": \"str or nil\", \"built\": true}\n]\n");
+}
+
+TEST_F(CommandLine, TraceAndTimeShowTheCallsIntoTheKernel)
+{
+    const Result run = orvald("run -e '(kex_str_len \"ab\")' --trace --time");
+    EXPECT_NE(run.err.find("(KEX_STR_LEN \"ab\")"), std::string::npos) << run.err;
+    EXPECT_NE(run.out.find("kex_str_len\n"), std::string::npos) << run.out;
+}
+
+TEST_F(CommandLine, BoxesAreAnsweredByPolicy)
+{
+    EXPECT_EQ(orvald("eval 1 --boxes maybe").status, 64);
+    EXPECT_EQ(orvald("eval '(alert \"Achtung\")'").err, "ALERT: Achtung\n");
+}
+
+TEST_F(CommandLine, CtrlCEndsTheProgramWithItsOwnStatus)
+{
+    write("loop.lsp", "(while T)\n");
+    const std::string line = "timeout --foreground --preserve-status -s INT 1 " KEX_BIN_DIR
+                             "/orvald --home " +
+                             file("home") + " run " + file("loop.lsp") + " 2>" + file("err");
+    const int status = std::system(line.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 130);
+    EXPECT_NE(kextest::readFile(file("err")).find("interrupted"), std::string::npos);
+}
+
+} // namespace
