@@ -71,11 +71,12 @@ public:
         }
     }
     /// A point of the entity's system. For -Z the arbitrary axis rule makes X the world's -X.
+    /// Taken from 0, so that a zero stays a positive one.
     CKexPoint3d fromEntity(const CKexPoint3d& p) const
     {
-        return flipped_ ? CKexPoint3d(-p.x, p.y, -p.z) : p;
+        return flipped_ ? CKexPoint3d(0.0 - p.x, p.y, 0.0 - p.z) : p;
     }
-    double bulge(double value) const { return flipped_ ? -value : value; }
+    double bulge(double value) const { return flipped_ ? 0.0 - value : value; }
     /// A point of the world, for entities that are stored so.
     CKexPoint3d fromWorld(const CKexPoint3d& p) const
     {

@@ -54,7 +54,7 @@ TEST_F(CommandLine, RunGivesArgumentsAndSavesAndDraws)
                                                "(entmake '((0 . \"LINE\") (10 0.0 0.0 0.0)"
                                                " (11 100.0 50.0 0.0)))\n(princ)");
     const Result run = orvald("run p.lsp one -s a.dxf --picture a.svg -- -two");
-    EXPECT_EQ(run.out, "(\"one\" \"-two\")\n") << run.err;
+    EXPECT_EQ(run.out, "(one -two)\n") << run.err;
     EXPECT_EQ(run.status, 0);
     EXPECT_NE(kextest::readFile(file("a.svg")).find("<svg"), std::string::npos);
     const Result again = orvald("run -e '(princ (cdr (assoc 0 (entget (entlast)))))' -d a.dxf");
@@ -128,7 +128,7 @@ TEST_F(CommandLine, ProgramErrorFunctionHasTheLastWord)
 {
     write("e.lsp", "(defun *error* (msg) (princ (strcat \"own: \" msg)))\n(car 1)\n");
     const Result run = orvald("run e.lsp");
-    EXPECT_EQ(run.out, "own: bad argument type: listp 1\n");
+    EXPECT_EQ(run.out, "own: bad argument type: consp 1\n");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 3);
 }

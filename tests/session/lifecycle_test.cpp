@@ -97,6 +97,7 @@ TEST(Functions, AllRowsAreDefinedInTableOrder)
 TEST(Functions, EveryRowTakesAnyArgumentsWithoutFault)
 {
     Running running;
+    testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     for (const orvald::FunctionLine& function : running.session.functions()) {
         for (const char* arguments :
@@ -106,6 +107,7 @@ TEST(Functions, EveryRowTakesAnyArgumentsWithoutFault)
         }
     }
     testing::internal::GetCapturedStderr();
+    testing::internal::GetCapturedStdout();
     EXPECT_FALSE(running.session.moduleFaulted());
     EXPECT_EQ(running.session.alerts(), 0);
 }
@@ -196,7 +198,7 @@ TEST(Configuration, DamagedIsToldKeptAsideAndReplacedByDefaults)
 TEST(Country, ComesFromTheRegistryWhenTheConfigurationHasNone)
 {
     const kextest::Home home;
-    std::ofstream(home.file("registry.txt")) << "[KEX]\nCOUNTRY=43\n";
+    std::ofstream(home.file("registry.txt")) << "KEXREG 1\n[KEX]\nCOUNTRY=43\n";
     orvald::SessionOptions options;
     options.home = home.path();
     options.quiet = true;

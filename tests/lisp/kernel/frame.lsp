@@ -8,7 +8,7 @@
 
 ; The settings that the module makes sure of.
 (kex_cfg_get "_RNDL")            ; => 0.0001
-(kex_cfg_get "_RNDA")            ; => 1e-06
+(kex_cfg_get "_RNDA")            ; => 1.0e-006
 (kex_cfg_get "_RNDF")            ; => 0.001
 (kex_cfg_get "_COUNTRY")         ; => "49"
 (kex_cfg_get "_COUNTRY1")        ; => ""
