@@ -68,7 +68,7 @@ def field(msp, column, row):
                  ((x + FLANGE, y + h - FLANGE), (x + FLANGE, y + FLANGE))]:
         msp.add_line(a, b, dxfattribs={"layer": "BIEGELINIE"})
     if (column + row) % 2 == 0:
-        msp.add_lwpolyline(rounded(x + 260, y + 220, w - 520, h - 440, 60), format="xyb", close=True,
+        msp.add_lwpolyline(rounded(x + 260, y + 190, w - 520, h - 460, 60), format="xyb", close=True,
                            dxfattribs={"layer": "BLECH_INNEN"})
     elif column % 4 == 1:
         # An old-style polyline: the window with one round end.
@@ -105,7 +105,7 @@ def frame(msp):
         msp.add_text(f"Ebene {row + 1}", dxfattribs={"layer": "TEXT", "height": 90, "rotation": 90}
                      ).set_placement((-260, row * (HEIGHT + GAP) + HEIGHT / 2), align=CENTRE)
     msp.add_mtext("Fassade Süd, Kassetten\\PMaßstab 1:50, alle Maße in mm",
-                  dxfattribs={"layer": "TEXT", "char_height": 150, "insert": (0, h + 1200)})
+                  dxfattribs={"layer": "TEXT", "char_height": 150, "insert": (0, h + 1500)})
 
 
 def main():
