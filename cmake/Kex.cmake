@@ -87,18 +87,33 @@ function(kex_module name)
     kex_link_defined(${name})
 endfunction()
 
+# What all test programs are compiled with. Tests are compiled more often than they run: a release
+# build spends no time on making them fast, and reads GoogleTest's headers once for all of them.
+function(kex_test_flags name)
+    target_link_libraries(${name} PRIVATE kex_flags GTest::gtest)
+    # gtest's macros compare literals of other signedness than our counts.
+    target_compile_options(${name} PRIVATE -Wno-sign-conversion -Wno-conversion
+        $<$<CONFIG:Release>:-O0>)
+endfunction()
+
 # kex_test(name [DIR tests/x] LIBS ... SOURCES ...): one GoogleTest program, known to CTest by its name.
 function(kex_test name)
     if(NOT KEX_TESTS)
         return()
     endif()
+    if(NOT TARGET kex_test_headers)
+        # A program, like those that use the headers: a library's code would be compiled otherwise.
+        add_executable(kex_test_headers ${PROJECT_SOURCE_DIR}/tests/support/headers.cpp)
+        kex_test_flags(kex_test_headers)
+        target_precompile_headers(kex_test_headers PRIVATE <gtest/gtest.h>)
+    endif()
     cmake_parse_arguments(A "" "DIR" "LIBS;SOURCES" ${ARGN})
     list(TRANSFORM A_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/${A_DIR}/)
     add_executable(${name} ${A_SOURCES})
-    target_link_libraries(${name} PRIVATE kex_flags ${A_LIBS} GTest::gtest GTest::gtest_main)
+    kex_test_flags(${name})
+    target_precompile_headers(${name} REUSE_FROM kex_test_headers)
+    target_link_libraries(${name} PRIVATE ${A_LIBS} GTest::gtest_main)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
-    # gtest's macros compare literals of other signedness than our counts.
-    target_compile_options(${name} PRIVATE -Wno-sign-conversion -Wno-conversion)
     target_compile_definitions(${name} PRIVATE KEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     add_test(NAME ${name} COMMAND ${name})
 endfunction()
