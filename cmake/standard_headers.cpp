@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// Carries precompiled standard headers; holds nothing itself.
