@@ -73,8 +73,11 @@ void Loader::record(Section section, Record&& record, std::uint64_t line)
         closeBlock(line);
         section_ = section;
     }
+    const Kind kind = record.kind();
+    if (section == Section::objects ? !mayBeObject(kind)
+                                    : section != Section::tables && !mayBeEntity(kind))
+        fail(line, record, "does not belong into this section");
     const Index index = takeIn(std::move(record), line);
-    const Kind kind = drawing_.at(index).kind();
     switch (section) {
     case Section::tables:
         if (drawing_.at(index).family() == Family::tableHead) tableHead(index, line);
@@ -89,7 +92,7 @@ void Loader::record(Section section, Record&& record, std::uint64_t line)
         break;
     case Section::entities:
         if (kind == Kind::block || kind == Kind::endblk)
-            fail(line, drawing_.at(index), "does not belong into section ENTITIES");
+            fail(line, drawing_.at(index), "does not belong into this section");
         entity(isPart(kind) ? kNone : spaceOf(index, line), index, line);
         break;
     case Section::objects:

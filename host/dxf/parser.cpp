@@ -25,6 +25,12 @@ void Parser::need()
     if (!in_.next()) in_.fail("the file ends too early");
 }
 
+std::string_view Parser::plainText()
+{
+    bool foreign = false; // told for the groups of records only
+    return readText(in_.value(), form_.utf8, scratch_, foreign);
+}
+
 void Parser::run()
 {
     if (!in_.next()) in_.fail("the file is empty");
@@ -59,7 +65,7 @@ void Parser::warnSums()
 
 void Parser::readSection()
 {
-    const std::string name(in_.value());
+    const std::string name(plainText());
     if (name == "HEADER") return readHeader();
     if (version_.empty())
         in_.fail("section " + name + " without a header in front that tells the version");
@@ -82,7 +88,7 @@ void Parser::readHeader()
     for (need(); in_.code() != 0; need()) {
         if (in_.code() == 9) {
             flush();
-            name = in_.value();
+            name = plainText();
             continue;
         }
         if (name.empty()) in_.fail("a value without a header variable");
@@ -140,19 +146,13 @@ void Parser::readRecords(Section section)
 void Parser::readRaw(std::string_view name)
 {
     const std::string kept(name);
-    std::string text, cleaned;
+    std::string text;
     for (need(); !in_.is(0, "ENDSEC"); need()) {
         if (in_.is(0, "SECTION") || in_.is(0, "EOF"))
             in_.fail("section " + kept + " has no ENDSEC");
         std::string code = std::to_string(in_.code());
         text.append(code.size() < 3 ? 3 - code.size() : 0, ' ').append(code).append("\n");
-        if (isPlainAscii(in_.value())) {
-            text.append(in_.value());
-        } else {
-            bool foreign = false;
-            cleanText(in_.value(), form_.utf8, cleaned, foreign);
-            text.append(cleaned);
-        }
+        text.append(plainText());
         text += '\n';
     }
     handler_.rawSection(kept, std::move(text));
@@ -255,8 +255,7 @@ bool Parser::readEntry(Record& record)
     const int code = in_.code();
     if (code == 3) {
         if (keyOpen_) in_.fail("key " + quoted(key_) + " of a dictionary names no object");
-        bool foreign = false;
-        cleanText(in_.value(), form_.utf8, key_, foreign);
+        key_ = plainText();
         keyOpen_ = true;
         keyLine_ = in_.line();
         return true;

@@ -60,13 +60,15 @@ private:
     void needDictionaryMarker();
     bool readEntry(drawing::Record& record);
     void need();
+    /// The present value in file form, valid until the next group.
+    std::string_view plainText();
     void warnSums();
 
     TagReader in_;
     Handler& handler_;
     FileForm form_;
     TagBuilder tags_, xdata_;
-    std::string version_, key_;
+    std::string version_, key_, scratch_;
     std::uint64_t keyLine_ = 0;
     // Groups in front of the first subclass marker of the present record.
     enum class Braces

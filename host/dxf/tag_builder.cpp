@@ -86,13 +86,8 @@ void TagBuilder::finish()
 
 void TagBuilder::takeText(const TagReader& in)
 {
-    if (isPlainAscii(in.value())) {
-        list_.addText(in.code(), in.value());
-        return;
-    }
     bool foreign = false;
-    cleanText(in.value(), form_.utf8, scratch_, foreign);
-    list_.addText(in.code(), scratch_);
+    list_.addText(in.code(), readText(in.value(), form_.utf8, scratch_, foreign));
     if (foreign && form_.foreignBytes++ == 0) form_.firstForeign = in.line() + 1;
 }
 

@@ -21,8 +21,10 @@ char32_t ansi(std::uint8_t byte)
     return byte < 0xA0 && byte >= 0x80 ? kAnsi1252[byte - 0x80] : byte;
 }
 
-} // namespace
+bool isControl(char c) { return static_cast<std::uint8_t>(c) < 0x20 && c != '\t'; }
 
+/// True when the value is plain ASCII without control characters (a tab may stand in text): then it
+/// is in file form already.
 bool isPlainAscii(std::string_view value)
 {
     const char* at = value.data();
@@ -36,20 +38,33 @@ bool isPlainAscii(std::string_view value)
     }
     for (; at != end; ++at) {
         const auto byte = static_cast<std::uint8_t>(*at);
-        if (byte >= 0x80 || (byte < 0x20 && byte != '\t')) return false;
+        if (byte >= 0x80 || isControl(*at)) return false;
     }
     return true;
 }
 
-void cleanText(std::string_view value, bool utf8File, std::string& out, bool& foreign)
+} // namespace
+
+std::string_view readText(std::string_view value, bool utf8File, std::string& scratch,
+                          bool& foreign)
 {
-    out.clear();
+    if (isPlainAscii(value)) return value;
+    scratch.clear();
     for (std::size_t at = 0; at < value.size();) {
         const auto byte = static_cast<std::uint8_t>(value[at]);
-        if (byte < 0x20 && byte != '\t') {
-            out += '^';
-            out += static_cast<char>(byte + 0x40);
+        if (isControl(value[at])) {
+            scratch += '^';
+            scratch += static_cast<char>(byte + 0x40);
             ++at;
+            continue;
+        }
+        if (byte == '^' && at + 1 < value.size()) {
+            const char next = value[at + 1];
+            const bool form = next == ' ' || (next >= '@' && next <= '_');
+            // A caret of its own must not take the ^ form of a control character behind it.
+            if (form) scratch += value.substr(at, 2);
+            else scratch += isControl(next) ? "^ " : "^";
+            at += form ? 2 : 1;
             continue;
         }
         const std::size_t start = at++;
@@ -58,14 +73,15 @@ void cleanText(std::string_view value, bool utf8File, std::string& out, bool& fo
         const std::string_view character = value.substr(start, at - start);
         const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
         if (byte >= 0x80 && character.size() == 1) {
-            drawing::appendUtf8(out, ansi(byte));
+            drawing::appendUtf8(scratch, ansi(byte));
             foreign = foreign || utf8File;
         } else if (isSurrogate) { // a careless writer has put it into UTF-8 by itself
-            out += drawing::fileForm(character);
+            scratch += drawing::fileForm(character);
         } else {
-            out += character;
+            scratch += character;
         }
     }
+    return scratch;
 }
 
 } // namespace orvald::dxf

@@ -156,7 +156,8 @@ TEST(Damage, WhatCanBeMendedIsMendedAndTold)
          "is renamed"},
         {entity("0 NEW|5 A1|102 {APP|330 1F|100 AcDbEntity|8 0"), "not closed"},
         {object("0 DICTIONARY|5 A1|330 C"), "no subclass marker"},
-        {object("0 DICTIONARY|5 A1|330 C|3 one|350 A2|0 XRECORD|5 A2|330 A1|100 AcDbXrecord"), "no subclass marker"},
+        {object("0 DICTIONARY|5 A1|330 C|3 one|350 A2|0 XRECORD|5 A2|330 A1|100 AcDbXrecord"),
+         "no subclass marker"},
         {good + "more\n", "after the end"},
         {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|150 what"), "do not exist"},
         {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|310 no hex"), "not hexadecimal"}};

@@ -73,6 +73,10 @@ std::string_view kindName(Kind kind);
 /// Kind of a record type name, in capitals as in files; Kind::other when it is none of ours.
 Kind kindOf(std::string_view name);
 
+// Where a file may have records of a kind; types that are none of ours may be either.
+constexpr bool mayBeEntity(Kind kind) { return kind < Kind::table; }
+constexpr bool mayBeObject(Kind kind) { return kind == Kind::other || kind >= Kind::dictionary; }
+
 constexpr bool isDictionary(Kind kind)
 {
     return kind == Kind::dictionary || kind == Kind::dictionaryDefault;
