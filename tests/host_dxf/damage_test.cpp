@@ -52,6 +52,11 @@ TEST(Damage, AFileThatIsCutOffIsRefused)
         }
         EXPECT_TRUE(loaded.error.message().starts_with("plan.dxf: ")) << loaded.error.message();
     }
+    // Between any two lines, too: none of the records, tables and sections ends by itself.
+    const std::string small = newText();
+    for (std::size_t end = small.find('\n'); end + 5 < small.size();
+         end = small.find('\n', end + 1))
+        ASSERT_EQ(loadText(std::string_view(small).substr(0, end + 1)).drawing, nullptr) << end;
 }
 
 TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
@@ -94,6 +99,9 @@ TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
         {entity("0 VERTEX|5 A1|330 1F|10 0.0"), "stands alone"},
         {entity("0 SEQEND|5 A1|330 1F"), "stands alone"},
         {entity("0 BLOCK|5 A1|2 X"), "does not belong"},
+        {entity("0 DICTIONARY|5 A1|330 1F|100 AcDbDictionary"), "does not belong"},
+        {entity("0 LAYER|5 A1|330 1F|2 X"), "does not belong"},
+        {object("0 LINE|5 A1|330 C|100 AcDbEntity|8 0"), "does not belong"},
         {intoSection(good, "BLOCKS", groups("0 LINE|5 A1")), "between the blocks"},
         {intoSection(good, "BLOCKS", groups("0 ENDBLK|5 A1")), "no block is open"},
         {intoSection(good, "BLOCKS", groups("0 BLOCK|5 A1|2 X|70 0")), "no ENDBLK"},
