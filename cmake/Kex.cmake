@@ -107,6 +107,11 @@ function(kex_module name)
     target_link_libraries(${name} PRIVATE kex_guarded_flags ${A_DEPS})
     kex_precompiled(${name} kex_guarded_flags)
     kex_link_defined(${name})
+    if(NOT WIN32)
+        set(map ${PROJECT_SOURCE_DIR}/cmake/module.map)
+        target_link_options(${name} PRIVATE -Wl,--version-script=${map})
+        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${map})
+    endif()
 endfunction()
 
 # What all test programs are compiled with. Tests are compiled more often than they run: a release
