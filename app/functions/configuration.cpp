@@ -29,7 +29,7 @@ void printTopLevel()
 
 int cfgGet(const resbuf* args)
 {
-    if (args == nullptr) {
+    if (args == nullptr || args->restype == RTNIL) {
         printTopLevel();
         return retAds(false);
     }

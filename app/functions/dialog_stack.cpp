@@ -7,25 +7,29 @@
 #include "marshal/ret_ads.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace KEX {
 namespace {
 
+constexpr std::size_t kMostDigits = 2 * sizeof(void*);
+
 CKexString handleText(const void* handle)
 {
     const auto number = reinterpret_cast<std::uintptr_t>(handle);
-    return sizeof(void*) == 8 ? format(KT("{:016X}"), number) : format(KT("{:08X}"), number);
+    return format(KT("{:X}"), number).lfill(static_cast<int>(kMostDigits), KT('0'));
 }
 
-/// Reads what handleText writes, in either case, also behind "0x"; null for anything else.
-void* handleOf(TextView text)
+/// Reads what handleText writes, in either case, also behind "0x"; nothing for any other text.
+std::optional<void*> handleOf(TextView text)
 {
     if (text.starts_with(KT("0x")) || text.starts_with(KT("0X"))) text.remove_prefix(2);
+    if (text.empty() || text.size() > kMostDigits) return std::nullopt;
     std::uintptr_t number = 0;
     for (const ACHAR unit : text) {
         const ACHAR digit = upperUnit(unit);
         const bool decimal = digit >= KT('0') && digit <= KT('9');
-        if (!decimal && (digit < KT('A') || digit > KT('F'))) return nullptr;
+        if (!decimal && (digit < KT('A') || digit > KT('F'))) return std::nullopt;
         number =
             number * 16 + static_cast<unsigned>(decimal ? digit - KT('0') : digit - KT('A') + 10);
     }
@@ -37,7 +41,8 @@ void* handleOf(TextView text)
 int dlgPush(const resbuf* args)
 {
     if (args != nullptr && args->restype == RTSTR) {
-        if (void* handle = handleOf(args->resval.rstring)) dlgStackPush(handle);
+        const std::optional<void*> handle = handleOf(args->resval.rstring);
+        if (handle.has_value()) dlgStackPush(*handle);
     }
     const bool active = dialogActive();
     if (active) dlgStackPush(activeWindow());

@@ -109,6 +109,8 @@ AcRx::AppRetCode CMainArxApp::On_kUnloadAppMsg(void* packet)
 
 void CMainArxApp::takeDown()
 {
+    // Each drawing has lost its functions with its own message; this is for a host that sent none.
+    kexLispUndefineAll();
     automation_.reset();
     saveConfiguration();
     for (const CKexString& file : siblings_) acedArxUnload(file.c_str());

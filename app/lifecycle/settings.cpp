@@ -27,10 +27,16 @@ Value setting(const ACHAR* key, Value fallback)
     return value;
 }
 
-CKexString countryOfRegistry()
+/// The country of the configuration; an empty one counts as missing.
+CKexString countrySetting()
 {
-    const CKexString country = regGet(regAppKey(), KT("COUNTRY"));
-    return country.isNull() ? CKexString(kCountry) : country;
+    CKexString country;
+    cfg_get(KT("_COUNTRY"), country);
+    if (!country.isNull()) return country;
+    country = regGet(regAppKey(), KT("COUNTRY"));
+    if (country.isNull()) country = kCountry;
+    cfg_set(KT("_COUNTRY"), CKexDataItem(country));
+    return country;
 }
 
 } // namespace
@@ -55,7 +61,7 @@ void establishSettings()
     CKexPoint3d::tol = setting(KT("_RNDL"), kRndl);
     setting(KT("_RNDA"), kRnda);
     setting(KT("_RNDF"), kRndf);
-    const CKexString country = setting(KT("_COUNTRY"), countryOfRegistry());
+    const CKexString country = countrySetting();
     const CKexString second = setting(KT("_COUNTRY1"), CKexString());
     const CKexString third = setting(KT("_COUNTRY2"), CKexString());
     msgLangSet(country, second, third);

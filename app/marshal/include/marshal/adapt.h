@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Thin LISP functions: adapt<primitive> reads the arguments by the primitive's parameter types,
-// calls it and returns its result. A row is all that such a function needs:
+// calls it and returns its result, nil for a real that is not finite. A row is all that such a
+// function needs:
 //
 //     {KT("kex_g_bulg_ang"), adapt<g_bulg_ang>, KT("num b"), KT("real")},
 #pragma once
@@ -8,6 +9,7 @@
 #include "marshal/arg_reader.h"
 #include "marshal/ret_ads.h"
 
+#include <cmath>
 #include <tuple>
 #include <type_traits>
 
@@ -35,7 +37,12 @@ int call(Primitive primitive, const resbuf* args)
     // Braces: the arguments are read in order.
     std::tuple<Parameters...> values{read<Parameters>(in, ++position)...};
     if (in.failed()) return in.fail();
-    return retAds(std::apply(primitive, values));
+    const auto result = std::apply(primitive, values);
+    // LISP has no numbers beyond the finite ones.
+    if constexpr (std::is_same_v<Result, double>) {
+        if (!std::isfinite(result)) return retAds(false);
+    }
+    return retAds(result);
 }
 
 template <class Result, class... Parameters>
