@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Files, locks, folders, registry, messages, units, totals: what the kernel asks of its
 // surroundings.
+#include "files.h"
 #include "kex_values.h"
 #include "test_host.h"
 
@@ -16,7 +17,6 @@
 #include "kexos/registry.h"
 
 #include <chrono>
-#include <fstream>
 #include <sys/wait.h>
 #include <thread>
 
@@ -231,14 +231,14 @@ TEST(Registry, KeepsKeysAndValuesOfAllProcesses)
     EXPECT_TRUE(kexos::registryRemoveKey("KEX\\Dialogs"));
     EXPECT_FALSE(KEX::regHasKey(KT("KEX\\Dialogs")));
     // A file of somebody else is neither read nor replaced.
-    std::ofstream(folder / "home/registry.txt") << "something else";
+    kextest::writeFile(folder / "home/registry.txt", "something else");
     EXPECT_FALSE(KEX::regSet(KT("KEX"), KT("a"), KT("b")));
     EXPECT_EQ(contentOf(folder / "home/registry.txt"), "something else");
 }
 
 CKexString catalogFile(const TempFolder& folder, const char* name, const std::string& text)
 {
-    std::ofstream(folder / name, std::ios::binary) << text;
+    kextest::writeFile(folder / name, text);
     return CKexString::fromUtf8(folder / name);
 }
 

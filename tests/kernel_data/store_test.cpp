@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The binary form and the configuration store: every damage is noticed, nothing good is lost.
+#include "files.h"
 #include "kex_values.h"
 #include "random_tree.h"
 #include "test_host.h"
@@ -10,7 +11,6 @@
 #include "kexos/files.h"
 
 #include <chrono>
-#include <fstream>
 #include <sys/wait.h>
 
 namespace {
@@ -154,12 +154,7 @@ protected:
         KEX::cfg_load(file);
     }
     ~Configuration() override { KEX::cfg_root().clear(); }
-    std::string bytes(const char* name) const
-    {
-        std::string content;
-        kexos::readFile(folder / name, content);
-        return content;
-    }
+    std::string bytes(const char* name) const { return kextest::readFile(folder / name); }
 
     TempFolder folder;
     CKexString file;
@@ -227,7 +222,7 @@ TEST_F(Configuration, DamagedFileIsReportedAndKeptAside)
     ASSERT_TRUE(KEX::cfg_save(file));
     std::string damaged = bytes("Kex_Main.cfg");
     damaged[damaged.size() / 2] ^= 1;
-    std::ofstream(folder / "Kex_Main.cfg", std::ios::binary) << damaged;
+    kextest::writeFile(folder / "Kex_Main.cfg", damaged);
 
     EXPECT_EQ(KEX::cfg_load(file), KEX::CfgLoad::damaged);
     EXPECT_TRUE(KEX::cfg_root().isEmpty());
@@ -242,7 +237,7 @@ TEST_F(Configuration, DamagedFileIsReportedAndKeptAside)
 
 TEST_F(Configuration, DamagedFileIsNotReplacedBeforeItsCopyExists)
 {
-    std::ofstream(folder / "Kex_Main.cfg", std::ios::binary) << "damaged";
+    kextest::writeFile(folder / "Kex_Main.cfg", "damaged");
     fs::create_directory(folder / "Kex_Main.cfg.bad"); // no copy can be made here
     EXPECT_EQ(KEX::cfg_load(file), KEX::CfgLoad::damaged);
     KEX::cfg_set(KT("b"), CKexDataItem(2));
@@ -285,7 +280,7 @@ TEST_F(Configuration, DataFilesAreReadIntoAndWrittenFromDirectories)
     ASSERT_TRUE(KEX::cfg_bwrite(KT("*KEX_MAT*"), data + KT("2")));
     EXPECT_EQ(bytes("kex_mat.dex2"), bytes("kex_mat.dex"));
     EXPECT_FALSE(KEX::cfg_bwrite(KT("none"), data));
-    std::ofstream(folder / "kex_mat.dex", std::ios::binary) << "damaged";
+    kextest::writeFile(folder / "kex_mat.dex", "damaged");
     EXPECT_FALSE(KEX::cfg_bread(KT("*KEX_MAT*"), data));
     EXPECT_TRUE(*KEX::cfg_get(KT("*KEX_MAT*")) == sampleTree());
 }

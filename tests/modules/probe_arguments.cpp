@@ -2,9 +2,10 @@
 #include "probe.h"
 
 #include "hostapi/lisp.h"
+#include "kex/dialog.h"
 #include "kex/format.h"
 #include "kex/rb_print.h"
-#include "kexdata/data_dir.h"
+#include "kexdata/configuration.h"
 #include "marshal/arg_reader.h"
 #include "marshal/from_rb.h"
 #include "marshal/ret_ads.h"
@@ -53,6 +54,24 @@ int argItem(const resbuf* args)
 {
     const std::unique_ptr<CKexDataItem> item = CKexDataItem::fromRb(args);
     return retAds(item.get());
+}
+
+/// Sets a value of the configuration.
+int argConfigure(const resbuf* args)
+{
+    CKexDataKey key;
+    if (!dataKeyFromRb(key, args)) return RTERROR;
+    const std::unique_ptr<CKexDataItem> item = CKexDataItem::fromRb(args);
+    return retAds(item != nullptr && cfg_set(key, *item));
+}
+
+/// For T a dialog is open from now on, whose window is 0xABC; for anything else none.
+int argDialog(const resbuf* args)
+{
+    static constexpr DialogSource kOpen = {[] { return true; },
+                                           [] { return reinterpret_cast<void*>(0xABC); }};
+    dialogSourceSet(ArgReader(args).flag() ? &kOpen : nullptr);
+    return retAds(true);
 }
 
 /// Changes the first text in the host's chain, then reads the arguments again.

@@ -22,6 +22,15 @@ CKexVertexArray square()
     return list;
 }
 
+CKexVertexArrayEx extended()
+{
+    CKexVertexArrayEx list;
+    list.append(VertexEx(CKexVertex({0, 0}, {2, 0}, 1.0)));
+    list.append(VertexEx(CKexVertex({2, 0}, {3, 0}),
+                         CSmartResbuf(acutBuildList(RTSTR, KT("Kante"), RTNONE))));
+    return list;
+}
+
 int chainResult(RbBuilder& chain) { return returnRb(chain.take()); }
 
 } // namespace
@@ -46,7 +55,16 @@ int retFour(const resbuf*)
     return retAds(values);
 }
 
-int retName(const resbuf* args) { return retAds(CAdsName(args->resval.rlname), RTENAME); }
+int retName(const resbuf* args) { return retAds(CAdsName(args->resval.rlname), args->restype); }
+
+/// The entity as object id; the null id without an argument.
+int retId(const resbuf* args)
+{
+    AcDbObjectId id;
+    if (args != nullptr) acdbGetObjectId(id, args->resval.rlname);
+    return retAds(id);
+}
+
 int retNullName(const resbuf*) { return retAds(CAdsName(), RTENAME); }
 
 int retIds(const resbuf* args)
@@ -85,13 +103,11 @@ int retRegions(const resbuf*)
     return retAds(CKexArrayTempl<CKexArrayTempl<CKexVertexArray>>{{square()}});
 }
 
-int retExtended(const resbuf*)
+int retExtended(const resbuf*) { return retAds(extended()); }
+
+int retExtendedLists(const resbuf*)
 {
-    CKexVertexArrayEx list;
-    list.append(VertexEx(CKexVertex({0, 0}, {2, 0}, 1.0)));
-    list.append(VertexEx(CKexVertex({2, 0}, {3, 0}),
-                         CSmartResbuf(acutBuildList(RTSTR, KT("Kante"), RTNONE))));
-    return retAds(list);
+    return retAds(CKexArrayTempl<CKexArrayTempl<CKexVertexArrayEx>>{{extended()}});
 }
 
 int retPointLists(const resbuf*)

@@ -19,30 +19,31 @@ class CommandLine : public testing::Test
 protected:
     std::string write(const std::string& name, const std::string& text) const
     {
-        std::ofstream(home_.file(name), std::ios::binary) << text;
-        return home_.file(name);
+        kextest::writeFile(home_ / name, text);
+        return home_ / name;
     }
-    std::string file(const std::string& name) const { return home_.file(name); }
+    std::string file(const std::string& name) const { return home_ / name; }
 
     /// Runs orvald; `rest` is shell text, `input` what standard input holds.
     Result orvald(const std::string& rest, const std::string& input = {}) const
     {
         const std::string in = write("stdin", input);
         const std::string line = "cd " + home_.path() + " && " KEX_BIN_DIR "/orvald --home " +
-                                 home_.file("home") + " " + rest + " <" + in + " >" +
-                                 home_.file("out") + " 2>" + home_.file("err");
+                                 home_ / "home" + " " + rest + " <" + in + " >" + home_ / "out" +
+                                 " 2>" + home_ / "err";
         const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kextest::readFile(home_.file("out")),
-                kextest::readFile(home_.file("err"))};
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kextest::readFile(home_ / "out"),
+                kextest::readFile(home_ / "err")};
     }
 
 private:
-    kextest::Home home_;
+    kextest::TempFolder home_;
 };
 
 TEST_F(CommandLine, EvalPrintsEachValueAsLispDoes)
 {
-    const Result run = orvald("eval '(+ 1 2)' '\"a\\\"b\"' '(kex_str_len \"Maß\")' '(princ)' -e 'pi'");
+    const Result run =
+        orvald("eval '(+ 1 2)' '\"a\\\"b\"' '(kex_str_len \"Maß\")' '(princ)' -e 'pi'");
     EXPECT_EQ(run.out, "3\n\"a\\\"b\"\n3\n3.14159\n");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);

@@ -80,12 +80,12 @@ TEST(Fault, CountsAsSuccessAfterOk)
 TEST(Fault, DumpsTheArgumentsUnderAFileNameWithoutColon)
 {
     if (kSanitized) GTEST_SKIP() << "faults belong to the sanitizer";
-    const kextest::Home temp;
+    const kextest::TempFolder temp;
     setenv("TMP", temp.path().c_str(), 1);
     Running running(withProbe(false));
     call(running, "(c:probe_read 1 \"a(b\" '(1.0 2.0) '((\"k\" . 2)))");
     unsetenv("TMP");
-    EXPECT_EQ(kextest::readFile(temp.file("c;probe_read.arg")),
+    EXPECT_EQ(kextest::readFile(temp / "c;probe_read.arg"),
               "1\n\"a(b\"\n(1.0 2.0)\n((\"k\" . 2))\n");
 }
 

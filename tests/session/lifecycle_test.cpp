@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Loading, drawings, saving and unloading of the module, as a host does it.
 #include "hostapi/headless.h"
+#include "hostapi/rx.h"
 #include "session_support.h"
 
 #include <algorithm>
@@ -8,15 +9,25 @@
 
 namespace {
 
+using kextest::kMain;
 using kextest::Running;
-
-constexpr const char* kMain = KEX_BIN_DIR "/Kex_2015_18_32_Main.arx";
 
 bool isMapped(const char* file)
 {
     void* handle = dlopen(file, RTLD_NOW | RTLD_NOLOAD);
     if (handle != nullptr) dlclose(handle);
     return handle != nullptr;
+}
+
+/// A function that the loaded module shows to other modules.
+template <class Function>
+Function exported(const char* name)
+{
+    void* module = dlopen(kMain, RTLD_NOW | RTLD_NOLOAD);
+    if (module == nullptr) return nullptr;
+    auto* function = reinterpret_cast<Function>(dlsym(module, name));
+    dlclose(module);
+    return function;
 }
 
 /// Resident pages of the process, in kilobytes.
@@ -26,14 +37,6 @@ long residentKilobytes()
     long total = 0, resident = 0;
     statm >> total >> resident;
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-std::string printed(Running& running, const std::string& command)
-{
-    testing::internal::CaptureStdout();
-    EXPECT_TRUE(running.session.command(command));
-    running.session.finishOutput();
-    return testing::internal::GetCapturedStdout();
 }
 
 TEST(Module, BringsItsSiblingsAndTakesThemAway)
@@ -50,9 +53,16 @@ TEST(Module, BringsItsSiblingsAndTakesThemAway)
     EXPECT_FALSE(running.session.command("kex_dump"));
 }
 
-TEST(Module, LoadsAndUnloadsTenTimesWithoutGrowth)
+/// Alone, and beside a module that keeps the kernel's libraries in memory.
+class Reloading : public testing::TestWithParam<bool>
 {
-    Running running;
+};
+
+TEST_P(Reloading, TenTimesLeavesNothingBehind)
+{
+    orvald::SessionOptions options;
+    if (GetParam()) options.modules = {"probe.arx"};
+    Running running(options);
     std::string reason;
     long after = 0;
     for (int round = 0; round < 11; ++round) {
@@ -65,6 +75,36 @@ TEST(Module, LoadsAndUnloadsTenTimesWithoutGrowth)
         }
         ASSERT_TRUE(running.session.loadModule(kMain, reason)) << reason;
     }
+}
+
+INSTANTIATE_TEST_SUITE_P(Module, Reloading, testing::Bool(),
+                         [](const auto& one) { return one.param ? "besideAnother" : "alone"; });
+
+TEST(Module, SetsUpEverythingElseWhereItsServiceStandsAlready)
+{
+    orvald::SessionOptions options;
+    options.kernel.clear();
+    Running running(options);
+    ASSERT_NE(acrxRegisterService(u"KEX_BASE_API"), nullptr);
+    std::string reason;
+    ASSERT_TRUE(running.session.loadModule(kMain, reason)) << reason;
+    EXPECT_EQ(running.session.modules().size(), 3u);
+    EXPECT_EQ(running.value("(kex_str_len \"abc\")"), "3");
+    EXPECT_TRUE(running.session.command("kex_dump"));
+    ASSERT_TRUE(running.session.unloadModule(kMain, reason)) << reason;
+    EXPECT_FALSE(acrxServiceIsRegistered(u"KEX_BASE_API"));
+}
+
+TEST(Module, UnloadsWhatOthersPushedToIt)
+{
+    orvald::SessionOptions options;
+    options.modules = {"probe.arx"};
+    Running running(options);
+    const auto push = exported<void (*)(const ACHAR*)>("kexArxPush");
+    push(u"C:\\Programme\\Kex\\probe.arx");
+    std::string reason;
+    EXPECT_TRUE(running.session.unloadModule(kMain, reason)) << reason;
+    EXPECT_TRUE(running.session.modules().empty());
 }
 
 TEST(Documents, GetAllFunctionsEachAndLoseThemAtUnload)
@@ -128,7 +168,7 @@ TEST(Dump, ListsCallsInTableOrderAndStartsAnew)
 {
     Running running;
     running.value("(repeat 3 (kex_str_trim \" a \")) (kex_str_len \"a\")");
-    const std::string totals = printed(running, "_kex_dump");
+    const std::string totals = running.printed("(command \"_kex_dump\")");
     EXPECT_NE(totals.find("20.0s"), std::string::npos) << totals;
     EXPECT_NE(totals.find("Aufrufe   t-ges        t Name\n"), std::string::npos) << totals;
     const std::size_t len = totals.find("kex_str_len\n"), trim = totals.find("kex_str_trim\n");
@@ -137,75 +177,7 @@ TEST(Dump, ListsCallsInTableOrderAndStartsAnew)
     EXPECT_LT(len, trim);
     EXPECT_EQ(totals.substr(totals.rfind('\n', trim) + 1, 7), "      3");
     EXPECT_NE(totals.find("\nGesamt:    0.0 s\n"), std::string::npos) << totals;
-    EXPECT_EQ(printed(running, "kex_dump").find("kex_str"), std::string::npos);
-}
-
-TEST(Configuration, IsSavedSortedWithoutRunTimeKeys)
-{
-    const kextest::Home home;
-    orvald::SessionOptions options;
-    options.home = home.path();
-    options.quiet = true;
-    {
-        orvald::Session session(options);
-        std::string problem;
-        ASSERT_TRUE(session.newDrawing(problem));
-        ASSERT_TRUE(session.save(home.file("a.dxf"), problem)) << problem;
-    }
-    const std::string bytes = kextest::readFile(home.file("Kex_Main.cfg"));
-    ASSERT_TRUE(bytes.starts_with("KEXB")) << "saved with the drawing";
-    for (const char* absent : {"CVPORT", "CURVER", "KEX_OUTLINE"}) {
-        EXPECT_EQ(bytes.find(absent), std::string::npos) << absent;
-    }
-    std::size_t last = 0;
-    for (const char* key :
-         {"LEADERTYPE", "_COUNTRY", "_COUNTRY1", "_COUNTRY2", "_RNDA", "_RNDF", "_RNDL"}) {
-        const std::size_t at = bytes.find(key, last);
-        ASSERT_NE(at, std::string::npos) << key;
-        last = at;
-    }
-    // What was saved is what the next session starts with.
-    Running running(options);
-    EXPECT_EQ(running.value("(kex_cfg_get \"_RNDL\")"), "0.0001");
-}
-
-TEST(Configuration, DamagedIsToldKeptAsideAndReplacedByDefaults)
-{
-    const kextest::Home home;
-    orvald::SessionOptions options;
-    options.home = home.path();
-    options.quiet = true;
-    std::string problem;
-    {
-        orvald::Session session(options);
-        ASSERT_TRUE(session.newDrawing(problem));
-    }
-    std::string bytes = kextest::readFile(home.file("Kex_Main.cfg"));
-    ASSERT_FALSE(bytes.empty());
-    bytes[bytes.size() / 2] ^= 1;
-    std::ofstream(home.file("Kex_Main.cfg"), std::ios::binary) << bytes;
-    testing::internal::CaptureStderr();
-    {
-        orvald::Session session(options);
-        ASSERT_TRUE(session.newDrawing(problem));
-        EXPECT_EQ(session.eval("(kex_cfg_get \"_RNDL\")").value, "0.0001");
-        EXPECT_EQ(session.alerts(), 1);
-    }
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("Kex_Main.cfg"), std::string::npos);
-    EXPECT_EQ(kextest::readFile(home.file("Kex_Main.cfg.bad")), bytes);
-}
-
-TEST(Country, ComesFromTheRegistryWhenTheConfigurationHasNone)
-{
-    const kextest::Home home;
-    std::ofstream(home.file("registry.txt")) << "KEXREG 1\n[KEX]\nCOUNTRY=43\n";
-    orvald::SessionOptions options;
-    options.home = home.path();
-    options.quiet = true;
-    orvald::Session session(options);
-    std::string problem;
-    ASSERT_TRUE(session.newDrawing(problem));
-    EXPECT_EQ(session.eval("(kex_cfg_get \"_COUNTRY\")").value, "\"43\"");
+    EXPECT_EQ(running.printed("(command \"kex_dump\")").find("kex_str"), std::string::npos);
 }
 
 TEST(LoadDrawing, TakesOverUnitsAndRegistersApplications)
@@ -218,9 +190,34 @@ TEST(LoadDrawing, TakesOverUnitsAndRegistersApplications)
     // A drawing in feet is imperial, whatever it says itself.
     std::string problem;
     running.value("(setvar \"INSUNITS\" 2)");
-    ASSERT_TRUE(running.session.save(running.home.file("feet.dxf"), problem)) << problem;
-    ASSERT_TRUE(running.session.open(running.home.file("feet.dxf"), problem)) << problem;
+    ASSERT_TRUE(running.session.save(running.home / "feet.dxf", problem)) << problem;
+    ASSERT_TRUE(running.session.open(running.home / "feet.dxf", problem)) << problem;
     EXPECT_EQ(running.value("(getvar \"MEASUREMENT\")"), "0");
+}
+
+TEST(LoadDrawing, ReadsMaterialsAndLayersOnceFromTheSearchPath)
+{
+    orvald::SessionOptions options;
+    options.modules = {"probe.arx"};
+    const kextest::TempFolder home;
+    options.home = home.path();
+    {
+        Running first(options); // leaves its configuration, which has the form of a data file
+    }
+    const std::string data = kextest::readFile(home / "Kex_Main.cfg");
+    kextest::writeFile(home / "kex_mat.dex", data);
+    kextest::writeFile(home / "kex_layer.dex", data.substr(1)); // damaged
+    Running running(options);
+    EXPECT_EQ(running.value("(kex_cfg_get \"*KEX_MAT*\\\\_RNDL\")"), "0.0001");
+    EXPECT_EQ(running.value("(kex_cfg_get \"*KEX_LAYER*\")"), "nil");
+    // The next drawing finds the key and does not read again; "*MAT" belongs to one drawing.
+    kextest::writeFile(home / "kex_layer.dex", data);
+    running.value("(probe_cfg_set \"*KEX_MAT*\\\\_RNDL\" 5.0) (probe_cfg_set \"*MAT\" 1)");
+    std::string problem;
+    ASSERT_TRUE(running.session.newDrawing(problem)) << problem;
+    EXPECT_EQ(running.value("(kex_cfg_get \"*KEX_MAT*\\\\_RNDL\")"), "5.0");
+    EXPECT_EQ(running.value("(kex_cfg_get \"*KEX_LAYER*\\\\_RNDF\")"), "0.001");
+    EXPECT_EQ(running.value("(kex_cfg_get \"*MAT\")"), "nil");
 }
 
 // What other programs do: a callback by name, called through the automation object.
@@ -246,11 +243,8 @@ TEST(Reactors, AreReachedByNameInAnyCaseAndShownOnlyWhileThereIsOne)
 {
     using Callback = int (*)(int, const ACHAR*);
     Running running;
-    void* module = dlopen(kMain, RTLD_NOW | RTLD_NOLOAD);
-    ASSERT_NE(module, nullptr);
-    auto* add = reinterpret_cast<bool (*)(const ACHAR*, Callback)>(dlsym(module, "KexAddReactor"));
-    auto* remove = reinterpret_cast<bool (*)(const ACHAR*)>(dlsym(module, "KexRemoveReactor"));
-    dlclose(module);
+    const auto add = exported<bool (*)(const ACHAR*, Callback)>("KexAddReactor");
+    const auto remove = exported<bool (*)(const ACHAR*)>("KexRemoveReactor");
     ASSERT_NE(add, nullptr);
     ASSERT_NE(remove, nullptr);
     const auto object = [] { return hostGetActiveObject(u"Kex.ArxApp.15"); };

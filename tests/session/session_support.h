@@ -1,50 +1,19 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// A session with a home folder of its own, for tests of the whole system.
+// Sessions for tests of the whole system: one at a time, none with the user's own home folder.
 #pragma once
 
+#include "files.h"
 #include "session/session.h"
 
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
-#include <unistd.h>
 
 namespace kextest {
 
-/// A folder that goes with its object.
-class Home
-{
-public:
-    Home()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "kexhomeXXXXXX").string();
-        path_ = ::mkdtemp(pattern.data());
-    }
-    Home(const Home&) = delete;
-    Home& operator=(const Home&) = delete;
-    ~Home()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-    std::string path() const { return path_.string(); }
+constexpr const char* kMain = KEX_BIN_DIR "/Kex_2015_18_32_Main.arx";
 
-private:
-    std::filesystem::path path_;
-};
-
-inline std::string readFile(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-/// A session with the kernel and a new drawing.
+/// A session with the kernel and a new drawing; its home is a new folder unless the options name
+/// one.
 struct Running
 {
     explicit Running(const orvald::SessionOptions& options = {}) : session(withHome(options))
@@ -60,13 +29,22 @@ struct Running
         return result.ok ? result.value : "! " + result.error;
     }
 
-    Home home;
+    /// What an expression prints.
+    std::string printed(std::string_view expression)
+    {
+        testing::internal::CaptureStdout();
+        value(expression);
+        session.finishOutput();
+        return testing::internal::GetCapturedStdout();
+    }
+
+    TempFolder home;
     orvald::Session session;
 
 private:
     orvald::SessionOptions withHome(orvald::SessionOptions options) const
     {
-        options.home = home.path();
+        if (options.home.empty()) options.home = home.path();
         options.quiet = true;
         return options;
     }

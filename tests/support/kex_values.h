@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // What tests of the kernel share: how GoogleTest shows the kernel's values, chains written as LISP
-// text, and a folder of its own for each test.
+// text, and random values.
 #pragma once
 
 #include "kex/format.h"
 #include "kex/rb_print.h"
 #include "kex/vertex.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <random>
-#include <unistd.h>
 
 inline void PrintTo(const CKexString& text, std::ostream* out)
 {
@@ -54,29 +52,6 @@ public:
 
 private:
     std::mt19937_64 engine_;
-};
-
-/// A new folder that is removed with the object.
-class TempFolder
-{
-public:
-    TempFolder()
-    {
-        std::string pattern = (std::filesystem::temp_directory_path() / "kextestXXXXXX").string();
-        path_ = ::mkdtemp(pattern.data());
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder()
-    {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    std::string operator/(const char* name) const { return (path_ / name).string(); }
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
 };
 
 } // namespace kextest

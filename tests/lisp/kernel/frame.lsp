@@ -17,9 +17,12 @@
 (kex_cfg_get "*CVPORT*")         ; => 2
 (kex_cfg_get "nowhere")          ; => nil
 (kex_cfg_get '("a" 1))           ; => nil
+(kex_cfg_get "")                 ; => nil
+(kex_cfg_get '("_RNDL" nil))     ; ! kex_cfg_get: Argument ist ungültig
 (kex_cfg_get 2.5)                ; ! kex_cfg_get: Argument ist ungültig
+(getenv "KEX_CURVER")            ; => "2015.20.0"
 
-; Handles of dialogs: text, upper-case hexadecimal. No dialog is ever active here.
+; Handles of dialogs: text, upper-case hexadecimal. Without an open dialog only the text is pushed.
 (kex_dlg_stack)                  ; => nil
 (kex_dlg_pop)                    ; => nil
 (kex_dlg_push)                   ; => nil
@@ -30,3 +33,18 @@
 (kex_dlg_pop)                    ; => "00000000000000FF"
 (kex_dlg_pop)                    ; => "00000000000012AB"
 (kex_dlg_pop)                    ; => nil
+; What is popped can be pushed again, null too; what is no handle is not pushed.
+(kex_dlg_push "0000000000000000") ; => nil
+(kex_dlg_push "")                ; => nil
+(kex_dlg_push "window")          ; => nil
+(kex_dlg_push "12345678901234567") ; => nil
+(kex_dlg_push 5)                 ; => nil
+(kex_dlg_stack)                  ; => ("0000000000000000")
+(kex_dlg_pop)                    ; => "0000000000000000"
+; With one its window is pushed too, behind the text.
+(probe_dialog T)                 ; => T
+(kex_dlg_push "1")               ; => T
+(kex_dlg_push)                   ; => T
+(kex_dlg_stack)                  ; => ("0000000000000ABC" "0000000000000ABC" "0000000000000001")
+(repeat 3 (kex_dlg_pop))         ; => "0000000000000001"
+(probe_dialog nil)               ; => T

@@ -10,6 +10,8 @@
 (kex_g_vl_len nil)               ; => 0.0
 (kex_g_vl_len '(((0 0) (3 4))))  ; => 5.0
 (equal (kex_g_vl_len '(((0 0) (2 0) 1))) pi 1e-12) ; => T
+; A length beyond all numbers is none.
+(kex_g_vl_len '(((0 0) (1e200 1e200)))) ; => nil
 (kex_g_vl_len '((0 0) (1 0)))    ; ! kex_g_vl_len: Argument ist ungültig
 (kex_g_vl_len "x")               ; ! kex_g_vl_len: Argument ist ungültig
 

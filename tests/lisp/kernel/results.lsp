@@ -26,7 +26,10 @@
 ; Names: null is nil.
 (setq pt (entmakex '((0 . "POINT") (10 1.0 2.0 3.0))))
 (eq (probe_name pt) pt)          ; => T
+(type (probe_name (ssadd)))      ; => PICKSET
 (probe_null_name)                ; => nil
+(eq (probe_id pt) pt)            ; => T
+(probe_id)                       ; => nil
 (equal (probe_ids pt) (list pt)) ; => T
 (equal (probe_enames pt pt) (list pt pt)) ; => T
 
@@ -37,6 +40,7 @@
 (equal (probe_regions) (list (list (probe_vertex_list)))) ; => T
 (probe_extended)
 ; => (((0.0 0.0 0.0) (2.0 0.0 0.0) 1.0 nil) ((2.0 0.0 0.0) (3.0 0.0 0.0) 0.0 "Kante"))
+(equal (probe_extended_lists) (list (list (probe_extended)))) ; => T
 
 ; A row of norm values ends at the first that is no number.
 (probe_norm)            ; => (1.0 2.5)
