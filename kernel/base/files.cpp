@@ -4,7 +4,9 @@
 
 #include "hostapi/lisp.h"
 #include "kexos/environment.h"
+#include "kexos/file_status.h"
 #include "kexos/files.h"
+#include "kexos/folders.h"
 #include "kexos/paths.h"
 
 #include <algorithm>

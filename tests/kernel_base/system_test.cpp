@@ -12,6 +12,7 @@
 #include "kex/system.h"
 #include "kex/units.h"
 #include "kexos/environment.h"
+#include "kexos/file_status.h"
 #include "kexos/files.h"
 #include "kexos/paths.h"
 #include "kexos/registry.h"

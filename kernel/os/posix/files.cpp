@@ -4,6 +4,8 @@
 #include "kexos/files.h"
 
 #include "file_calls.h"
+#include "kexos/file_status.h"
+#include "kexos/folders.h"
 
 #include <cerrno>
 #include <cstdlib>

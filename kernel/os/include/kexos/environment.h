@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Environment, well-known folders and the process. Texts and paths are UTF-8; paths are the
-// system's own, folders without a separator at the end.
+// Environment, well-known folders and the process. Texts are UTF-8, paths as in kexos/paths.h,
+// folders without a separator at the end.
 #pragma once
 
 #include "kex/export.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // An exclusive lock on a file, between processes and between openings in one process. It ends with
-// its object, and with the process however that ends.
+// its object, and with the process however that ends. Paths as in kexos/paths.h.
 #pragma once
 
 #include "kex/export.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Whole files. Paths are the system's own, in UTF-8.
+// Whole files: read, saved, copied, moved, removed. Paths as in kexos/paths.h.
 #pragma once
 
 #include "kex/export.h"
@@ -16,7 +16,8 @@ enum class ReadResult
     failed
 };
 
-/// `bytes` is replaced only when the file could be read to its end.
+/// `bytes` is replaced only when the file could be read to its end. Fails while the file is held
+/// exclusively.
 KEX_BASE_API ReadResult readFile(const std::string& path, std::string& bytes);
 /// Replaces the file as a whole: written to a temporary file beside it, flushed, renamed, folder
 /// flushed. At every moment, also after a crash, the old file or the new one is there and complete.
@@ -24,11 +25,14 @@ KEX_BASE_API ReadResult readFile(const std::string& path, std::string& bytes);
 /// an old file is kept. A temporary file that a crash left behind is removed by the next save.
 KEX_BASE_API bool saveFile(const std::string& path, std::string_view bytes);
 
-KEX_BASE_API bool fileExists(const std::string& path);
-/// Lets the owner write; true also when the file does not exist.
-KEX_BASE_API bool makeWritable(const std::string& path);
-/// Makes a folder with all folders above it; true when it exists afterwards.
-KEX_BASE_API bool makeFolders(const std::string& path);
+/// Copies a file with its attributes and the time of its last change. False, and no target of ours
+/// is left, when the target exists, the source is no file or in exclusive use, or the disk is full.
+KEX_BASE_API bool copyFile(const std::string& source, const std::string& target);
+/// Renames a file or folder, or moves it; a file also to another disk. False when the target
+/// exists, unless it is the source in other spelling, and when the file is in use.
+KEX_BASE_API bool moveFile(const std::string& source, const std::string& target);
+/// False, and no change, for a folder, a read-only file and a file in use.
+KEX_BASE_API bool removeFile(const std::string& path);
 
 /// What happens to a file call that a test lets fail.
 enum class FileFault
