@@ -83,18 +83,14 @@ bool makeLwpolyline(const TagList& groups, TagList& out)
 
 bool makeMtext(const TagList& groups, TagList& out)
 {
-    std::string text;
-    TagList head;
-    for (const Tag tag : groups) {
-        if (tag.code() == 3) text += tag.text();
-        else if (tag.code() != 1) head.add(tag);
-    }
     if (!groups.has(1)) return false;
-    text += groups.text(1);
+    TagList head;
+    for (const Tag tag : groups)
+        if (tag.code() != 3 && tag.code() != 1) head.add(tag);
     head.addText(1, ""); // holds the place
     if (!orderBySchema(*schemaOf(Kind::mtext), head, out)) return false;
     TagList pieces;
-    addMtextPieces(pieces, text);
+    addMtextPieces(pieces, mtextOf(groups));
     out.replace(out.find(1), pieces);
     return true;
 }

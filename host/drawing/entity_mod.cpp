@@ -187,18 +187,12 @@ private:
     /// The text of an MTEXT is one, whatever pieces it comes in.
     void changeText()
     {
-        const auto joined = [](const TagList& tags) {
-            std::string text;
-            for (const Tag tag : tags)
-                if (tag.code() == 3) text += tag.text();
-            return text.append(tags.text(1));
-        };
         TagList given;
         for (const Tag tag : groups_)
             if (tag.code() == 3 || tag.code() == 1) given.add(tag);
         if (!given.has(1)) given.addText(1, record_.tags.text(1));
-        const std::string text = joined(given);
-        if (text8(text) == text8(joined(record_.tags))) return;
+        const std::u16string text = mtextOf(given);
+        if (text == mtextOf(record_.tags)) return;
         TagList pieces;
         addMtextPieces(pieces, text);
         for (auto it = record_.tags.find(3); it != record_.tags.end();

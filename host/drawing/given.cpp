@@ -198,10 +198,17 @@ ErrNo checkRecord(const Drawing& drawing, const Record& record)
     return ErrNo::none;
 }
 
-void addMtextPieces(TagList& tags, std::string_view form)
+std::u16string mtextOf(const TagList& tags)
 {
-    const std::u16string text = text16(form);
-    std::u16string_view rest = text;
+    // Joined as text: the end of one piece and the front of the next make no escape together.
+    std::u16string text;
+    for (const Tag tag : tags)
+        if (tag.code() == 3) text += text16(tag.text());
+    return text += text16(tags.text(1));
+}
+
+void addMtextPieces(TagList& tags, std::u16string_view rest)
+{
     while (rest.size() > kMtextPiece) {
         std::size_t size = kMtextPiece;
         std::string piece;

@@ -38,8 +38,10 @@ void mergeXdata(TagList& xdata, const TagList& given);
 /// badLinetype, badColour, badStyle, badNormal, badValue, badType (a block that does not exist).
 ErrNo checkRecord(const Drawing& drawing, const Record& record);
 
-/// Text of an MTEXT (file form) as groups 3 and 1, in pieces that every reader takes.
-void addMtextPieces(TagList& tags, std::string_view fileForm);
+/// Text of an MTEXT: its groups 3 and 1 joined.
+std::u16string mtextOf(const TagList& tags);
+/// The text as groups 3 and 1, in pieces that every reader takes.
+void addMtextPieces(TagList& tags, std::u16string_view text);
 /// Vertices of an LWPOLYLINE as files have them: 10, then 40 and 41 unless they are `width`, 42
 /// and 91 unless 0. Reads from `from` on; other groups are left out.
 void addVertices(TagList& tags, const TagList& from, double width);

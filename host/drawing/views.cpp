@@ -4,6 +4,7 @@
 
 #include "angles.h"
 #include "drawing/text.h"
+#include "given.h"
 
 #include <algorithm>
 #include <cmath>
@@ -144,10 +145,7 @@ MTextView mtextView(const Record& record)
 {
     MTextView view;
     const TagList& tags = record.tags;
-    std::string form;
-    for (const Tag tag : tags)
-        if (tag.code() == 3) form += tag.text();
-    view.text = text8(form.append(tags.text(1)));
+    view.text = utf8(mtextOf(tags));
     view.insert = tags.point(10);
     view.height = tags.real(40);
     view.width = tags.real(41);

@@ -120,6 +120,7 @@ void Loader::tableRecord(Index index, std::uint64_t line)
     if (record.kind() == Kind::block || !tableOf(record.typeName(), table))
         fail(line, record, "does not belong into a table");
     if (drawing_.tableHead(table) == kNone) fail(line, record, "stands in front of its table");
+    if (!record.tags.has(2)) fail(line, record, "has no name");
     const Handle owner = record.owner;
     if (!drawing_.appendRecord(table, index)) {
         if (table == TableId::blockRecord)

@@ -109,6 +109,9 @@ TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
          "second definition"},
         {object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 one|3 two|350 A1"),
          "names no object"},
+        {replaced(good, groups("0 ENDTAB|0 TABLE|2 STYLE"),
+                  groups("0 LAYER|5 A1|330 2|0 LAYER|5 A2|330 2|0 ENDTAB|0 TABLE|2 STYLE")),
+         "has no name"},
         {replaced(good, groups("0 TABLE|2 LAYER"), groups("0 TABLE|2 NOSUCH")), "is no table"}};
     for (const Case& c : cases) {
         const Loaded loaded = loadText(c.text);
