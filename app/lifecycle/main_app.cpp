@@ -14,6 +14,7 @@
 #include "lifecycle/commands.h"
 #include "lifecycle/drawing_start.h"
 #include "lifecycle/settings.h"
+#include "prompt/status_bar.h"
 #include "table/lisp_table.h"
 
 namespace KEX {
@@ -112,6 +113,7 @@ void CMainArxApp::takeDown()
     // Each drawing has lost its functions with its own message; this is for a host that sent none.
     kexLispUndefineAll();
     automation_.reset();
+    statusBarStop(); // its thread runs code of this module
     saveConfiguration();
     for (const CKexString& file : siblings_) acedArxUnload(file.c_str());
     siblings_.clear();

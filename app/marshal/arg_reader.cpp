@@ -80,6 +80,20 @@ bool readVertexList(const resbuf*& rb, CKexVertexArray& list)
     return true;
 }
 
+bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list)
+{
+    if (rb == nullptr || (rb->restype != RTLB && rb->restype != RTNIL)) return false;
+    const resbuf* node = rb;
+    if (rb->restype == RTLB) {
+        for (node = rb->rbnext; node != nullptr && node->restype == RTSTR; node = node->rbnext) {
+            list.append(CKexString(node->resval.rstring));
+        }
+        if (node == nullptr || node->restype != RTLE) return false;
+    }
+    rb = node->rbnext;
+    return true;
+}
+
 CKexString ArgReader::string(int position)
 {
     const bool good = at_ != nullptr && at_->restype == RTSTR;
@@ -115,6 +129,13 @@ CKexVertexArray ArgReader::vertexList(int position)
 {
     CKexVertexArray value;
     if (!failed()) require(readVertexList(at_, value), position);
+    return value;
+}
+
+CKexArrayTempl<CKexString> ArgReader::stringList(int position)
+{
+    CKexArrayTempl<CKexString> value;
+    if (!failed()) require(readStringList(at_, value), position);
     return value;
 }
 

@@ -41,6 +41,12 @@ int retList(const resbuf* chain)
     return returnRb(list);
 }
 
+int retVoid()
+{
+    acedRetVoid();
+    return RTNORM;
+}
+
 int retAds(bool value)
 {
     if (value) acedRetT();

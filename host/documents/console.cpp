@@ -5,16 +5,10 @@
 #include "lisp/world.h"
 
 #include <cstdio>
+#include <unistd.h>
 
 namespace orvald {
 namespace {
-
-void writeLine(std::string_view line)
-{
-    std::fflush(stdout);
-    std::fwrite(line.data(), 1, line.size(), stderr);
-    std::fputc('\n', stderr);
-}
 
 /// The text of a box on the console: its lines behind a mark.
 std::string boxLines(std::string_view mark, std::u16string_view text)
@@ -32,9 +26,20 @@ std::string boxLines(std::string_view mark, std::u16string_view text)
 
 } // namespace
 
+Console::Console() : meter_(STDERR_FILENO) {}
+
+void Console::writeLine(std::string_view line)
+{
+    meter_.stepAside();
+    std::fflush(stdout);
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    std::fputc('\n', stderr);
+}
+
 void Console::print(std::u16string_view text)
 {
     if (text.empty()) return;
+    meter_.stepAside();
     const std::string bytes = lisp::toUtf8(text);
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     atLineStart_ = bytes.back() == '\n';
@@ -49,6 +54,7 @@ void Console::warning(std::string_view line) { writeLine(line); }
 
 void Console::prompt(std::u16string_view text)
 {
+    meter_.stepAside();
     std::fflush(stdout);
     const std::string bytes = lisp::toUtf8(text);
     std::fwrite(bytes.data(), 1, bytes.size(), stderr);

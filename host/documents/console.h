@@ -3,6 +3,8 @@
 // box never waits: its answer comes from the policy and is shown with the question.
 #pragma once
 
+#include "progress_meter.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +14,7 @@ namespace orvald {
 class Console
 {
 public:
+    Console();
     enum class Level
     {
         quiet,
@@ -41,17 +44,22 @@ public:
     /// A box with OK and Cancel, answered by the policy.
     bool askOkCancel(std::u16string_view caption, std::u16string_view text);
     int alerts() const { return alerts_; }
+    /// The status bar's meter, on stderr.
+    ProgressMeter& meter() { return meter_; }
 
     /// Ends an unfinished line of the text window and hands everything to the system.
     void finish();
     void flush();
 
 private:
+    void writeLine(std::string_view line);
+
     Level level_ = Level::normal;
     bool boxAnswer_ = false;
     bool atLineStart_ = true;
     int alerts_ = 0;
     std::u16string failure_;
+    ProgressMeter meter_;
 };
 
 } // namespace orvald

@@ -223,6 +223,12 @@ std::vector<FunctionLine> Session::functions() const
 
 int Session::alerts() const { return state_->host.console().alerts(); }
 
+MeterState Session::meter() const
+{
+    const ProgressMeter::State state = state_->host.console().meter().state();
+    return {state.isShown, state.label, state.low, state.high, state.position, state.movements};
+}
+
 bool Session::moduleFaulted() const { return state_->host.anyModuleFaulted(); }
 
 std::optional<std::string> Session::missingInput() const

@@ -37,6 +37,8 @@ public:
     /// A plain or extended vertex list; the data of extended vertices is passed over. nil is the
     /// empty list.
     CKexVertexArray vertexList(int position);
+    /// A list of nothing but strings; nil is the empty list.
+    CKexArrayTempl<CKexString> stringList(int position);
 
     // -- optional arguments: missing or nil is nothing, another type is an error
     std::optional<CKexString> stringIfAny(int position);
@@ -76,5 +78,6 @@ bool readPoint(const resbuf*& rb, CKexPoint3d& point);
 /// (p1 p2), (p1 p2 bulge) or (p1 p2 bulge data); a missing bulge is 0.0, the data is passed over.
 bool readVertex(const resbuf*& rb, CKexVertex& vertex);
 bool readVertexList(const resbuf*& rb, CKexVertexArray& list);
+bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list);
 
 } // namespace KEX

@@ -19,6 +19,8 @@ int returnRb(resbuf* chain);
 /// The values of a chain as one list, nil for none. The chain is neither changed nor freed.
 int retList(const resbuf* chain);
 
+/// A result that is nothing: the host echoes nothing.
+int retVoid();
 /// T or nil.
 int retAds(bool value);
 /// A pointer must not turn into T.

@@ -59,6 +59,15 @@ struct FunctionLine
     bool built = false;
 };
 
+/// What the status bar's progress meter shows, or showed last.
+struct MeterState
+{
+    bool isShown = false;
+    std::string label;
+    int low = 0, high = 0, position = 0;
+    int movements = 0; // positions set since it was shown
+};
+
 class ORVALD_API Session
 {
 public:
@@ -98,6 +107,7 @@ public:
     std::vector<FunctionLine> functions() const;
 
     int alerts() const;
+    MeterState meter() const;
     bool moduleFaulted() const;
     /// The prompt that found no input; nothing when none did.
     std::optional<std::string> missingInput() const;
