@@ -80,9 +80,9 @@ TEST(ProgressMeter, StaysOnItsLineWhateverItIsGiven)
     ASSERT_TRUE(terminal.isGood());
     ProgressMeter meter(terminal.program());
     meter.show("eine\nsehr lange Beschriftung", INT32_MAX, INT32_MIN);
-    EXPECT_EQ(terminal.shown(), "\rei [" + std::string(30, '.') + "]   0 %\033[K");
+    EXPECT_EQ(terminal.shown(), "\reine [" + std::string(30, '.') + "]   0 %\033[K");
     meter.move(INT32_MAX);
-    EXPECT_EQ(terminal.shown(), "\rei [" + std::string(30, '#') + "] 100 %\033[K");
+    EXPECT_EQ(terminal.shown(), "\reine [" + std::string(30, '#') + "] 100 %\033[K");
     meter.show("", 5, 5);
     EXPECT_EQ(terminal.shown(), "\r[" + std::string(30, '.') + "]   0 %\033[K");
 }

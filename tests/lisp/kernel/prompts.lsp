@@ -21,8 +21,8 @@
 (kex_dl_initget "" '("A") 1)                    ; ! Argument 3 ist ungültig
 
 ; The status bar never fails.
-(kex_dl_StatusBarSet 0.5)                       ; => nil
-(kex_dl_StatusBarSet)                           ; => nil
-(kex_dl_StatusBarSet "x")                       ; => nil
+(kex_dl_StatusBarSet 0.5)
+(kex_dl_StatusBarSet)
+(kex_dl_StatusBarSet "x")
 (kex_dl_StatusBarStop)                          ; => nil
 (kex_dl_StatusBarRestore 1 2)                   ; => nil
