@@ -16,8 +16,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         -Wno-stringop-overflow)
 endif()
 if(KEX_SANITIZE)
+    # Instrumented code makes gcc see paths that there are not.
     target_compile_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE} -fno-omit-frame-pointer
-        -fno-sanitize-recover=undefined)
+        -fno-sanitize-recover=undefined -Wno-maybe-uninitialized)
     target_link_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE})
 endif()
 
