@@ -4,6 +4,7 @@
 #include "drawing_functions.h"
 #include "host.h"
 #include "registries.h"
+#include "text/letters.h"
 
 #include <utility>
 
@@ -29,7 +30,7 @@ Typed readName(std::u16string_view text)
         typed.global = typed.global || text.front() == u'_';
         text.remove_prefix(1);
     }
-    typed.name = upperName(text);
+    typed.name = text::upperText(text);
     return typed;
 }
 

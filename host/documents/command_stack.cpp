@@ -3,6 +3,7 @@
 
 #include "application.h"
 #include "registries.h"
+#include "text/letters.h"
 
 #include <algorithm>
 #include <ranges>
@@ -18,8 +19,12 @@ Acad::ErrorStatus CommandStack::addCommand(const ACHAR* group, const ACHAR* glob
     if (empty(group) || empty(globalName) || empty(localName) || function == nullptr) {
         return Acad::eInvalidInput;
     }
-    Command fresh{upperName(group), upperName(globalName), upperName(localName), flags,
-                  function,         Application::current()};
+    Command fresh{text::upperText(group),
+                  text::upperText(globalName),
+                  text::upperText(localName),
+                  flags,
+                  function,
+                  Application::current()};
     const bool taken = std::ranges::any_of(commands_, [&](const Command& other) {
         return other.group == fresh.group &&
                (other.globalName == fresh.globalName || other.localName == fresh.localName);
@@ -34,7 +39,8 @@ Acad::ErrorStatus CommandStack::removeCmd(const ACHAR* group, const ACHAR* globa
 {
     if (group == nullptr || globalName == nullptr) return Acad::eInvalidInput;
     const auto removed = std::erase_if(commands_, [&](const Command& command) {
-        return command.group == upperName(group) && command.globalName == upperName(globalName);
+        return command.group == text::upperText(group) &&
+               command.globalName == text::upperText(globalName);
     });
     return removed != 0 ? Acad::eOk : Acad::eKeyNotFound;
 }
@@ -43,7 +49,7 @@ Acad::ErrorStatus CommandStack::removeGroup(const ACHAR* group)
 {
     if (group == nullptr) return Acad::eInvalidInput;
     const auto removed = std::erase_if(
-        commands_, [&](const Command& command) { return command.group == upperName(group); });
+        commands_, [&](const Command& command) { return command.group == text::upperText(group); });
     return removed != 0 ? Acad::eOk : Acad::eKeyNotFound;
 }
 
@@ -55,7 +61,7 @@ void CommandStack::removeOf(const Application& owner)
 const CommandStack::Command* CommandStack::find(std::u16string_view text) const
 {
     if (text.starts_with(u'.')) text.remove_prefix(1);
-    const std::u16string typed = upperName(text);
+    const std::u16string typed = text::upperText(text);
     const auto newest = [&](auto&& matches) -> const Command* {
         for (const Command& command : std::views::reverse(commands_)) {
             if (matches(command)) return &command;

@@ -5,6 +5,7 @@
 #include "drawing/text.h"
 #include "registries.h"
 #include "system_variable_table.h"
+#include "text/letters.h"
 
 #include <algorithm>
 #include <charconv>
@@ -140,7 +141,7 @@ bool setCurrentColour(Document& document, const VariableValue& value)
 {
     constexpr std::u16string_view kNames[] = {u"BYBLOCK", u"RED",  u"YELLOW",  u"GREEN",
                                               u"CYAN",    u"BLUE", u"MAGENTA", u"WHITE"};
-    const std::u16string name = upperName(std::get<std::u16string>(value));
+    const std::u16string name = text::upperText(std::get<std::u16string>(value));
     const auto known = std::ranges::find(kNames, name);
     int colour = 256;
     if (known != std::end(kNames)) {

@@ -9,6 +9,7 @@
 #include "lisp/units.h"
 #include "prompt.h"
 #include "registries.h"
+#include "text/letters.h"
 #include "typed_values.h"
 
 #include <algorithm>
@@ -294,7 +295,7 @@ std::optional<Value> pickedBy(World& world, std::u16string_view text)
 {
     Document& document = Document::of(world);
     const std::size_t blank = std::min(text.find(u' '), text.size());
-    const std::u16string name = upperName(text.substr(0, blank));
+    const std::u16string name = text::upperText(text.substr(0, blank));
     ObjectId id;
     if (name == u"L" || name == u"_L" || name == u"LAST" || name == u"_LAST") {
         id = document.entities().entLast();

@@ -2,6 +2,7 @@
 #include "input_rules.h"
 
 #include "registries.h"
+#include "text/letters.h"
 
 #include <algorithm>
 
@@ -30,20 +31,20 @@ Keywords::Word Keywords::parse(std::u16string_view token)
 {
     const std::size_t comma = token.find(u',');
     if (comma != std::u16string_view::npos) {
-        return {std::u16string(token.substr(0, comma)), upperName(token.substr(comma + 1))};
+        return {std::u16string(token.substr(0, comma)), text::upperText(token.substr(comma + 1))};
     }
     // The capitals, with the digits and signs among them, up to the next small letter.
     const auto first = std::ranges::find_if(token, isUpper);
-    if (first == token.end()) return {std::u16string(token), upperName(token)};
+    if (first == token.end()) return {std::u16string(token), text::upperText(token)};
     const auto last = std::find_if(first, token.end(), isLower);
     const auto begin = std::none_of(token.begin(), first, isLower) ? token.begin() : first;
-    return {std::u16string(token), upperName(std::u16string_view(begin, last))};
+    return {std::u16string(token), text::upperText(std::u16string_view(begin, last))};
 }
 
 bool Keywords::fits(const Word& word, std::u16string_view typed)
 {
     // Typed from the word's start or from its capitals on, with all that is required.
-    const std::u16string whole = upperName(word.text);
+    const std::u16string whole = text::upperText(word.text);
     const std::size_t start = whole.find(word.required);
     if (start == std::u16string::npos) return typed == word.required || typed == whole;
     const auto continues = [&](std::size_t from) {
@@ -56,7 +57,7 @@ bool Keywords::fits(const Word& word, std::u16string_view typed)
 std::optional<std::u16string> Keywords::match(std::u16string_view typed) const
 {
     if (typed.empty()) return std::nullopt;
-    const std::u16string text = upperName(typed);
+    const std::u16string text = text::upperText(typed);
     const auto find = [](const std::vector<Word>& words, std::u16string_view wanted) {
         return std::ranges::find_if(words, [&](const Word& word) { return fits(word, wanted); }) -
                words.begin();

@@ -4,6 +4,7 @@
 #include "document.h"
 #include "host.h"
 #include "hostapi/lisp.h"
+#include "text/letters.h"
 #include "value_chain.h"
 
 #include <climits>
@@ -43,7 +44,7 @@ int acedDefun(const ACHAR* name, int code)
     }
     if (code < 0 || code > kHighestCode) return RTERROR;
     ApplicationFunction& function = application->function(code);
-    function.setName(upperName(name));
+    function.setName(text::upperText(name));
     document->world().defineExternal(name, function);
     return RTNORM;
 }

@@ -1,28 +1,21 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "registries.h"
 
-namespace orvald {
+#include "text/letters.h"
 
-std::u16string upperName(std::u16string_view name)
-{
-    std::u16string upper(name);
-    for (char16_t& unit : upper) {
-        if (unit >= u'a' && unit <= u'z') unit = static_cast<char16_t>(unit - u'a' + u'A');
-    }
-    return upper;
-}
+namespace orvald {
 
 AcRxObject* ObjectDictionary::at(const ACHAR* key) const
 {
     if (key == nullptr) return nullptr;
-    const auto entry = entries_.find(upperName(key));
+    const auto entry = entries_.find(text::upperText(key));
     return entry == entries_.end() ? nullptr : entry->second;
 }
 
 AcRxObject* ObjectDictionary::atPut(const ACHAR* key, AcRxObject* object)
 {
     if (key == nullptr) return nullptr;
-    AcRxObject*& place = entries_[upperName(key)];
+    AcRxObject*& place = entries_[text::upperText(key)];
     AcRxObject* before = place;
     place = object;
     return before;
@@ -31,7 +24,7 @@ AcRxObject* ObjectDictionary::atPut(const ACHAR* key, AcRxObject* object)
 AcRxObject* ObjectDictionary::remove(const ACHAR* key)
 {
     if (key == nullptr) return nullptr;
-    const auto entry = entries_.find(upperName(key));
+    const auto entry = entries_.find(text::upperText(key));
     if (entry == entries_.end()) return nullptr;
     AcRxObject* object = entry->second;
     entries_.erase(entry);
@@ -40,7 +33,7 @@ AcRxObject* ObjectDictionary::remove(const ACHAR* key)
 
 unsigned ActiveObjects::add(std::u16string_view progId, HostAutomationObject* object)
 {
-    entries_.emplace(++lastCookie_, Entry{upperName(progId), object});
+    entries_.emplace(++lastCookie_, Entry{text::upperText(progId), object});
     return lastCookie_;
 }
 
@@ -48,7 +41,7 @@ bool ActiveObjects::remove(unsigned cookie) { return entries_.erase(cookie) != 0
 
 HostAutomationObject* ActiveObjects::find(std::u16string_view progId) const
 {
-    const std::u16string wanted = upperName(progId);
+    const std::u16string wanted = text::upperText(progId);
     for (const auto& [cookie, entry] : entries_) {
         if (entry.progId == wanted) return entry.object;
     }

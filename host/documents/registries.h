@@ -12,10 +12,6 @@
 
 namespace orvald {
 
-/// Upper case of ASCII letters; other units as they are. Names of services, commands and
-/// applications are ASCII in practice.
-std::u16string upperName(std::u16string_view name);
-
 class ObjectDictionary final : public AcRxDictionary
 {
 public:

@@ -9,6 +9,7 @@
 #include "host.h"
 #include "prompt.h"
 #include "registries.h"
+#include "text/letters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -84,7 +85,7 @@ Request readRequest(World& world, Args args)
     Request request;
     int next = 0;
     if (args.at(0).isString()) {
-        const std::u16string mode = upperName(args.string(next++));
+        const std::u16string mode = text::upperText(args.string(next++));
         const std::size_t colon = std::min(mode.find(u':'), mode.size());
         const std::size_t start = mode.starts_with(u'_') ? 1 : 0;
         request.method = mode.substr(start, std::max(colon, start) - start);

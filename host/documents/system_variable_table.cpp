@@ -4,6 +4,7 @@
 #include "system_variable_table.h"
 
 #include "registries.h"
+#include "text/letters.h"
 
 #include <algorithm>
 #include <array>
@@ -420,7 +421,7 @@ std::span<const VariableRow> variableRows()
 
 const VariableRow* findVariable(std::u16string_view name)
 {
-    const std::u16string wanted = upperName(name);
+    const std::u16string wanted = text::upperText(name);
     const std::span<const VariableRow> rows = variableRows();
     const auto row = std::ranges::lower_bound(rows, wanted, {}, &VariableRow::name);
     return row != rows.end() && row->name == wanted ? &*row : nullptr;

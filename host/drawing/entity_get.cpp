@@ -4,6 +4,7 @@
 #include "drawing/entity_functions.h"
 #include "drawing/text.h"
 #include "sections.h"
+#include "text/wildcard.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ private:
     {
         for (; apps != nullptr; apps = apps->rbnext)
             if (apps->restype == RTSTR && apps->resval.rstring != nullptr &&
-                matchesPattern(app, apps->resval.rstring, true))
+                text::matchesWildcard(app, apps->resval.rstring, text::Case::ignored))
                 return true;
         return false;
     }

@@ -213,7 +213,7 @@ void addMtextPieces(TagList& tags, std::u16string_view rest)
         std::size_t size = kMtextPiece;
         std::string piece;
         for (;; --size) { // escapes make the written piece longer than its text
-            const bool inPair = rest[size - 1] >= 0xD800 && rest[size - 1] <= 0xDBFF && size > 1;
+            const bool inPair = text::isHighSurrogate(rest[size - 1]) && size > 1;
             if (inPair) continue;
             piece = fileForm(rest.substr(0, size));
             if (utf16(piece).size() <= kMtextPiece || size == 1) break;

@@ -8,6 +8,7 @@
 #include "drawing/text.h"
 #include "resbuf/groups.h"
 #include "schema.h"
+#include "text/wildcard.h"
 
 #include <algorithm>
 #include <cmath>
@@ -105,7 +106,8 @@ public:
     }
     bool operator()(std::string_view form) const
     {
-        if (names_.empty()) return matchesPattern(text16(form), pattern_, true);
+        if (names_.empty())
+            return text::matchesWildcard(text16(form), pattern_, text::Case::ignored);
         return std::any_of(names_.begin(), names_.end(),
                            [form](const std::string& name) { return sameName(name, form); });
     }

@@ -10,17 +10,6 @@
 namespace orvald::dxf {
 namespace {
 
-// ANSI 1252 from 0x80 to 0x9F; the five unused bytes stand for the controls of the same number.
-constexpr char16_t kAnsi1252[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                    0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                    0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-char32_t ansi(std::uint8_t byte)
-{
-    return byte < 0xA0 && byte >= 0x80 ? kAnsi1252[byte - 0x80] : byte;
-}
-
 bool isControl(char c) { return static_cast<std::uint8_t>(c) < 0x20 && c != '\t'; }
 
 /// True when the value is plain ASCII without control characters (a tab may stand in text): then it
@@ -69,13 +58,12 @@ std::string_view readText(std::string_view value, bool utf8File, std::string& sc
         }
         const std::size_t start = at++;
         char32_t code = byte;
-        if (utf8File && byte >= 0x80) code = drawing::decodeUtf8(value, at = start);
+        if (utf8File && byte >= 0x80) code = text::decodeUtf8(value, at = start);
         const std::string_view character = value.substr(start, at - start);
-        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
         if (byte >= 0x80 && character.size() == 1) {
-            drawing::appendUtf8(scratch, ansi(byte));
+            text::appendUtf8(scratch, text::ansiUnit(byte));
             foreign = foreign || utf8File;
-        } else if (isSurrogate) { // a careless writer has put it into UTF-8 by itself
+        } else if (text::isSurrogate(code)) { // a careless writer has put it into UTF-8 by itself
             scratch += drawing::fileForm(character);
         } else {
             scratch += character;

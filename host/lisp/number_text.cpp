@@ -2,6 +2,8 @@
 // Reading and printing of numbers by the standard library's locale-free conversions.
 #include "number_text.h"
 
+#include "text/letters.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -13,8 +15,6 @@ namespace {
 
 // Beyond every text's length, so that a digit's place cannot outweigh it.
 constexpr long kHugePower = 1L << 30;
-
-bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 // Shape of a number at the start of a text; `length` 0 when there is none.
 struct NumberShape
@@ -28,13 +28,13 @@ NumberShape numberShape(std::u16string_view text)
     std::size_t i = 0;
     if (i < text.size() && (text[i] == u'+' || text[i] == u'-')) ++i;
     const std::size_t first = i;
-    while (i < text.size() && isDigit(text[i])) ++i;
+    while (i < text.size() && text::isDigit(text[i])) ++i;
     std::size_t digits = i - first;
     NumberShape shape;
     if (i < text.size() && text[i] == u'.') {
         const std::size_t fraction = i + 1;
         std::size_t end = fraction;
-        while (end < text.size() && isDigit(text[end])) ++end;
+        while (end < text.size() && text::isDigit(text[end])) ++end;
         digits += end - fraction;
         if (digits > 0) {
             shape.real = true;
@@ -46,7 +46,7 @@ NumberShape numberShape(std::u16string_view text)
         std::size_t end = i + 1;
         if (end < text.size() && (text[end] == u'+' || text[end] == u'-')) ++end;
         const std::size_t exponent = end;
-        while (end < text.size() && isDigit(text[end])) ++end;
+        while (end < text.size() && text::isDigit(text[end])) ++end;
         if (end > exponent) {
             shape.real = true;
             i = end;
@@ -92,7 +92,7 @@ std::optional<Value> readNumber(std::u16string_view token)
     if (shape.real) return Value::real(convertReal(token));
     const bool negative = token.front() == u'-';
     std::int64_t value = 0;
-    for (const char16_t unit : token.substr(isDigit(token.front()) ? 0 : 1)) {
+    for (const char16_t unit : token.substr(text::isDigit(token.front()) ? 0 : 1)) {
         value = value * 10 + (unit - u'0');
         if (value > std::numeric_limits<std::int32_t>::max()) {
             return Value::real(convertReal(token));

@@ -74,7 +74,8 @@ void appendObject(std::u16string& text, const Object* object, Quoting quoting)
     }
     case Kind::subr: {
         const std::string_view name = static_cast<const Subr*>(object)->builtin->name;
-        appendFunction(text, u"SUBR", object, upperText(std::u16string(name.begin(), name.end())));
+        appendFunction(text, u"SUBR", object,
+                       text::upperText(std::u16string(name.begin(), name.end())));
         break;
     }
     case Kind::usubr: {

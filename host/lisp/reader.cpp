@@ -25,8 +25,8 @@ bool endsToken(char16_t unit)
 
 int hexDigit(char16_t unit)
 {
-    if (isDigit(unit)) return unit - u'0';
-    const char16_t upper = upperUnit(unit);
+    if (text::isDigit(unit)) return unit - u'0';
+    const char16_t upper = text::upperUnit(unit);
     return upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : -1;
 }
 

@@ -22,9 +22,9 @@ std::size_t hashOf(std::u16string_view name)
 std::u16string_view folded(std::u16string_view name, std::u16string& space)
 {
     const auto change = std::find_if(name.begin(), name.end(),
-                                     [](char16_t unit) { return upperUnit(unit) != unit; });
+                                     [](char16_t unit) { return text::upperUnit(unit) != unit; });
     if (change == name.end()) return name;
-    space = upperText(name);
+    space = text::upperText(name);
     return space;
 }
 

@@ -26,26 +26,27 @@ public:
     }
     bool take(char16_t unit)
     {
-        if (rest_.empty() || upperUnit(rest_.front()) != unit) return false;
+        if (rest_.empty() || text::upperUnit(rest_.front()) != unit) return false;
         rest_.remove_prefix(1);
         return true;
     }
     bool atEnd() const { return rest_.empty(); }
     bool startsNumber() const
     {
-        return !rest_.empty() && (isDigit(rest_.front()) || rest_.front() == u'.');
+        return !rest_.empty() && (text::isDigit(rest_.front()) || rest_.front() == u'.');
     }
     /// An unsigned number; nothing (and nothing used up) when there is none.
     std::optional<double> number(bool allowExponent)
     {
         std::size_t length = 0;
-        while (length < rest_.size() && (isDigit(rest_[length]) || rest_[length] == u'.')) ++length;
+        while (length < rest_.size() && (text::isDigit(rest_[length]) || rest_[length] == u'.'))
+            ++length;
         if (allowExponent && length > 0 && length < rest_.size() &&
-            upperUnit(rest_[length]) == u'E') {
+            text::upperUnit(rest_[length]) == u'E') {
             std::size_t end = length + 1;
             if (end < rest_.size() && (rest_[end] == u'+' || rest_[end] == u'-')) ++end;
             const std::size_t digits = end;
-            while (end < rest_.size() && isDigit(rest_[end])) ++end;
+            while (end < rest_.size() && text::isDigit(rest_[end])) ++end;
             if (end > digits) length = end;
         }
         const auto value = readNumber(rest_.substr(0, length));

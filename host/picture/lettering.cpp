@@ -2,9 +2,8 @@
 // Single lines of text, and the %% forms that all texts share.
 #include "lettering.h"
 
-#include "code_points.h"
-#include "drawing/text.h"
 #include "stroke_font.h"
+#include "text/encoding.h"
 
 namespace orvald::picture {
 
@@ -55,7 +54,7 @@ std::size_t takeCharacter(std::u32string_view text, std::size_t at, LetterLook& 
 
 std::vector<Lettering> singleLine(std::string_view text, const LetterLook& look)
 {
-    const std::u32string characters = codePoints(drawing::utf16(text));
+    const std::u32string characters = text::codePoints(text::utf16(text), text::Lone::replaced);
     std::vector<Lettering> line;
     LetterLook current = look;
     double x = 0.0;

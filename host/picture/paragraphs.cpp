@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // MTEXT: its format codes, its lines. The text is read into words, words fill lines, lines are
 // placed. Fonts, indents and what is not known are passed over.
-#include "code_points.h"
-#include "drawing/text.h"
 #include "lettering.h"
 #include "stroke_font.h"
+#include "text/encoding.h"
 
 #include <algorithm>
 #include <charconv>
@@ -60,7 +59,7 @@ class Reader
 {
 public:
     Reader(const drawing::MTextView& form, const LetterLook& look, Align align)
-        : text_(codePoints(drawing::utf16(form.text))),
+        : text_(text::codePoints(text::utf16(form.text), text::Lone::replaced)),
           width_(form.width),
           look_(look),
           align_(align)

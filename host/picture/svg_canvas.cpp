@@ -2,7 +2,6 @@
 // Shapes of equal look that follow each other share a group.
 #include "svg_canvas.h"
 
-#include "code_points.h"
 #include "dashes.h"
 #include "drawing/text.h"
 
@@ -73,11 +72,11 @@ void appendColour(std::string& out, std::string_view attribute, Colour colour)
 void appendLayer(std::string& out, std::string_view layer)
 {
     out += " data-layer=\"";
-    for (const char32_t c : codePoints(drawing::text16(layer))) {
+    for (const char32_t c : text::codePoints(drawing::text16(layer), text::Lone::replaced)) {
         if (c == U'&') out += "&amp;";
         else if (c == U'<') out += "&lt;";
         else if (c == U'"') out += "&quot;";
-        else drawing::appendUtf8(out, c < 0x20 || c == 0xFFFE || c == 0xFFFF ? 0xFFFD : c);
+        else text::appendUtf8(out, c < 0x20 || c == 0xFFFE || c == 0xFFFF ? 0xFFFD : c);
     }
     out += '"';
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// File form of text, names and patterns.
+// File form of text, and names.
 #include "drawing/text.h"
 
 #include <gtest/gtest.h>
@@ -61,43 +61,4 @@ TEST(Names, SymbolNamesRefuseWhatFilesCannotHold)
         EXPECT_FALSE(isSymbolName(bad)) << bad;
     EXPECT_TRUE(isSymbolName(std::string(255, 'x')));
     EXPECT_FALSE(isSymbolName(std::string(256, 'x')));
-}
-
-TEST(Pattern, FollowsTheHostsLanguage)
-{
-    struct Case
-    {
-        std::u16string_view text, pattern;
-        bool matches;
-    };
-    constexpr Case cases[] = {{u"LINE", u"LINE", true},
-                              {u"line", u"LINE", true},
-                              {u"LWPOLYLINE", u"*LINE,ARC", true},
-                              {u"ARC", u"*LINE,ARC", true},
-                              {u"A1", u"@#", true},
-                              {u"11", u"@#", false},
-                              {u"a-b", u"a.b", true},
-                              {u"axb", u"a.b", false},
-                              {u"abc", u"a?c", true},
-                              {u"abc", u"~abc", false},
-                              {u"abd", u"~abc", true},
-                              {u"b", u"[a-c]", true},
-                              {u"d", u"[~a-c]", true},
-                              {u"-", u"[a-]", true},
-                              {u"*", u"`*", true},
-                              {u"x", u"`*", false},
-                              {u"a,b", u"a`,b", true},
-                              {u"[", u"[", true},
-                              {u"", u"", true},
-                              {u"", u"*", true},
-                              {u"x", u"", false},
-                              {u"a]", u"[]]]", false},
-                              {u"]", u"[]]", true},
-                              {u"ÄB", u"äb", true}};
-    for (const Case& c : cases)
-        EXPECT_EQ(matchesPattern(c.text, c.pattern, true), c.matches)
-            << utf8(c.text) << " " << utf8(c.pattern);
-    EXPECT_FALSE(matchesPattern(u"line", u"LINE", false));
-    // Many stars cost no more than length times length.
-    EXPECT_FALSE(matchesPattern(std::u16string(5000, u'a'), u"*a*a*a*a*a*a*a*a*a*b", false));
 }

@@ -3,7 +3,6 @@
 #include "bare_world.h"
 
 #include "lisp/units.h"
-#include "lisp/wildcard.h"
 
 #include <gtest/gtest.h>
 
@@ -94,39 +93,6 @@ TEST(Units, ReadingIsAValueOrNothingForAnyText)
             EXPECT_FALSE(distanceText(odd, mode, 99, {}).empty());
             EXPECT_FALSE(angleText(odd, mode, -5, {}).empty());
         }
-    }
-}
-
-// -- wildcards: every way a * may stretch is tried
-
-bool matchesByTrying(std::u16string_view text, std::u16string_view pattern)
-{
-    if (pattern.empty()) return text.empty();
-    if (pattern.front() == u'*') {
-        for (std::size_t i = 0; i <= text.size(); ++i) {
-            if (matchesByTrying(text.substr(i), pattern.substr(1))) return true;
-        }
-        return false;
-    }
-    if (text.empty()) return false;
-    const bool fits = pattern.front() == u'?' || pattern.front() == text.front() ||
-                      (pattern.front() == u'#' && text.front() == u'1') ||
-                      (pattern.front() == u'@' && text.front() == u'a');
-    return fits && matchesByTrying(text.substr(1), pattern.substr(1));
-}
-
-TEST(Wildcards, AgreeWithTryingEveryWay)
-{
-    std::mt19937 random(4);
-    for (int round = 0; round < 100000; ++round) {
-        std::u16string text;
-        std::u16string pattern;
-        for (std::size_t i = random() % 8; i > 0; --i) text.push_back(u"a1-"[random() % 3]);
-        for (std::size_t i = random() % 8; i > 0; --i) pattern.push_back(u"a1**?#@"[random() % 7]);
-        const bool expected = matchesByTrying(text, pattern);
-        ASSERT_EQ(matchesWildcard(text, pattern), expected) << toUtf8(text + u" ~ " + pattern);
-        ASSERT_EQ(matchesWildcard(text, u"~" + pattern), !expected);
-        ASSERT_EQ(matchesWildcard(text, u"zz," + pattern + u",yy"), expected);
     }
 }
 

@@ -44,7 +44,7 @@ Value atoi(World&, Args args)
     const bool negative = text.starts_with(u'-');
     if (negative || text.starts_with(u'+')) text.remove_prefix(1);
     std::int64_t value = 0;
-    for (; !text.empty() && isDigit(text.front()); text.remove_prefix(1)) {
+    for (; !text.empty() && text::isDigit(text.front()); text.remove_prefix(1)) {
         value = value * 10 + (text.front() - u'0');
         if (value > std::numeric_limits<std::int32_t>::max()) {
             value = std::numeric_limits<std::int32_t>::max();

@@ -135,7 +135,7 @@ bool matchesFileName(std::u16string_view name, std::u16string_view pattern)
             star = ++p;
             resume = n;
         } else if (p < pattern.size() &&
-                   (pattern[p] == u'?' || upperUnit(pattern[p]) == upperUnit(name[n]))) {
+                   (pattern[p] == u'?' || text::upperUnit(pattern[p]) == text::upperUnit(name[n]))) {
             ++p;
             ++n;
         } else if (star != std::u16string_view::npos) {

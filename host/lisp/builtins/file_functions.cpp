@@ -52,7 +52,7 @@ constexpr std::size_t kLongestLine = std::size_t{64} << 20;
 Value open(World& world, Args args)
 {
     const std::u16string_view name = args.string(0);
-    const std::u16string mode = upperText(args.string(1));
+    const std::u16string mode = text::upperText(args.string(1));
     const char* access = mode == u"R" ? "r" : mode == u"W" ? "w" : mode == u"A" ? "a" : nullptr;
     if (access == nullptr) world.raise(u"bad argument value: open mode " + world.prin1(args[1]));
     std::FILE* stream = openFile(world.host().filePath(name), access);

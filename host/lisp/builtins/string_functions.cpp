@@ -6,7 +6,7 @@
 #include "characters.h"
 #include "evaluator.h"
 
-#include "lisp/wildcard.h"
+#include "text/wildcard.h"
 
 #include <algorithm>
 
@@ -48,37 +48,28 @@ Value strcase(World& world, Args args)
 {
     std::u16string text(args.string(0));
     const bool lower = !args.at(1).isNil();
-    for (char16_t& unit : text) unit = lower ? lowerUnit(unit) : upperUnit(unit);
+    for (char16_t& unit : text) unit = lower ? text::lowerUnit(unit) : text::upperUnit(unit);
     return world.makeString(text);
-}
-
-// Code of the character at the start of a text; a surrogate pair counts as one.
-std::int32_t codeAt(std::u16string_view text)
-{
-    const std::int32_t lead = text.front();
-    if (lead >= 0xD800 && lead < 0xDC00 && text.size() > 1 && text[1] >= 0xDC00 &&
-        text[1] < 0xE000) {
-        return 0x10000 + ((lead - 0xD800) << 10) + (text[1] - 0xDC00);
-    }
-    return lead;
 }
 
 void appendCode(World& world, std::u16string& text, Value code)
 {
     const std::int32_t number = code.isInteger() ? code.asInteger() : -1;
     if (number < 0 || number > 0x10FFFF) world.badArgument("characterp", code);
-    if (number >= 0x10000) {
-        text.push_back(static_cast<char16_t>(0xD7C0 + (number >> 10)));
-        text.push_back(static_cast<char16_t>(0xDC00 + (number & 0x3FF)));
-    } else {
-        text.push_back(static_cast<char16_t>(number));
-    }
+    text::appendUtf16(text, static_cast<char32_t>(number));
+}
+
+// Code of the character at `at`, which moves behind it; a surrogate pair counts as one.
+Value codeAt(std::u16string_view text, std::size_t& at)
+{
+    return Value::integer(static_cast<std::int32_t>(text::decodeUtf16(text, at)));
 }
 
 Value ascii(World&, Args args)
 {
     const std::u16string_view text = args.string(0);
-    return Value::integer(text.empty() ? 0 : codeAt(text));
+    std::size_t at = 0;
+    return text.empty() ? Value::integer(0) : codeAt(text, at);
 }
 
 Value chr(World& world, Args args)
@@ -92,18 +83,14 @@ Value chr(World& world, Args args)
 
 Value wcmatch(World& world, Args args)
 {
-    return world.boolean(matchesWildcard(args.string(0), args.string(1)));
+    return world.boolean(text::matchesWildcard(args.string(0), args.string(1)));
 }
 
 Value stringToList(World& world, Args args)
 {
-    std::u16string_view text = args.string(0);
+    const std::u16string_view text = args.string(0);
     ListBuilder codes(world);
-    while (!text.empty()) {
-        const std::int32_t code = codeAt(text);
-        codes.add(Value::integer(code));
-        text.remove_prefix(code >= 0x10000 ? 2 : 1);
-    }
+    for (std::size_t at = 0; at < text.size();) codes.add(codeAt(text, at));
     return codes.list();
 }
 
@@ -123,7 +110,8 @@ Value elt(World& world, Args args)
     if (index < 0 || static_cast<std::size_t>(index) >= text.size()) {
         world.raise(u"bad argument value: index out of range " + world.prin1(args[1]));
     }
-    return Value::integer(codeAt(text.substr(static_cast<std::size_t>(index))));
+    auto at = static_cast<std::size_t>(index);
+    return codeAt(text, at);
 }
 
 // The characters between the first and last that are not in `set`.

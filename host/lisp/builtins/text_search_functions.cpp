@@ -82,7 +82,7 @@ Value mismatch(World& world, Args args)
     const bool ignoreCase = !args.at(4).isNil();
     std::size_t same = 0;
     while (same < a.size() && same < b.size() &&
-           (a[same] == b[same] || (ignoreCase && upperUnit(a[same]) == upperUnit(b[same])))) {
+           (a[same] == b[same] || (ignoreCase && text::upperUnit(a[same]) == text::upperUnit(b[same])))) {
         ++same;
     }
     return placeOrNil(same);

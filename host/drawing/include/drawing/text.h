@@ -5,6 +5,8 @@
 // written back byte by byte; who reads it uses the functions below.
 #pragma once
 
+#include "text/encoding.h"
+
 #include <compare>
 #include <string>
 #include <string_view>
@@ -23,17 +25,8 @@ std::u16string text16(std::string_view fileForm);
 /// The same in UTF-8, a lone surrogate as three bytes.
 std::string text8(std::string_view fileForm);
 
-/// UTF-16 of UTF-8 and back, without any escape; lone surrogates survive both ways.
-std::u16string utf16(std::string_view utf8);
-std::string utf8(std::u16string_view utf16);
-/// The code point at `at` of UTF-8 text, surrogates encoded alone included, and moves behind it. A
-/// byte that is no UTF-8 gives U+FFFD and counts one.
-char32_t decodeUtf8(std::string_view text, std::size_t& at);
-/// Appends a code point, 0 to 0x10FFFF, surrogates included.
-void appendUtf8(std::string& out, char32_t codePoint);
-
-/// Upper case of a letter of the European alphabets, one to one; anything else as it is.
-char32_t upperCase(char32_t codePoint);
+using text::utf16;
+using text::utf8;
 
 /// Key under which a name (layer, block, dictionary entry ...) is found: its text in upper case.
 std::string nameKey(std::string_view fileForm);
@@ -44,10 +37,5 @@ inline bool sameName(std::string_view a, std::string_view b) { return compareNam
 /// True when `name` may name a table record: 1 to 255 characters, none of < > / \ " : ; ? * | , = `
 /// and no control character; `anonymous` allows a leading *.
 bool isSymbolName(std::string_view fileForm, bool anonymous = false);
-
-/// The host's pattern language: # digit, @ letter, . other character, * any text, ? any character,
-/// ~ not, [...] and [~...] one of, - range, ` literal, commas between alternatives. Letters compare
-/// without regard to case when `foldCase`.
-bool matchesPattern(std::u16string_view text, std::u16string_view pattern, bool foldCase);
 
 } // namespace orvald::drawing

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "lisp/value.h"
+#include "text/encoding.h"
 
 #include <cstddef>
 #include <functional>
@@ -239,7 +240,13 @@ private:
 };
 
 /// Text at the edges of the program; a lone surrogate becomes U+FFFD.
-std::u16string toUtf16(std::string_view utf8);
-std::string toUtf8(std::u16string_view utf16);
+inline std::u16string toUtf16(std::string_view octets)
+{
+    return text::utf16(octets, text::Lone::replaced);
+}
+inline std::string toUtf8(std::u16string_view units)
+{
+    return text::utf8(units, text::Lone::replaced);
+}
 
 } // namespace orvald::lisp
