@@ -43,15 +43,6 @@ bool parseHandle(std::u16string_view text, Handle& handle)
 double planarZ() { return std::bit_cast<double>(kPlanarBits); }
 bool isPlanarMark(double z) { return std::bit_cast<std::uint64_t>(z) == kPlanarBits; }
 
-std::string handleText(Handle handle)
-{
-    char digits[17];
-    std::string text(digits, std::to_chars(digits, digits + sizeof digits, handle, 16).ptr);
-    for (char& c : text)
-        if (c >= 'a') c = static_cast<char>(c - 32);
-    return text;
-}
-
 ChainBuilder::~ChainBuilder() { releaseChain(first_); }
 
 resbuf* ChainBuilder::take()

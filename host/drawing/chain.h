@@ -34,9 +34,6 @@ private:
 /// The z that marks a plane point: a NaN of our own.
 double planarZ();
 
-/// "1F", as handles are written.
-std::string handleText(Handle handle);
-
 /// Appends the value of a node to groups in file form. False when it has none: a number that is not
 /// finite, a name of another drawing, a text that is no handle.
 bool addNode(const Drawing& drawing, const resbuf& node, bool planar, TagList& tags);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -48,6 +49,15 @@ bool fileKind(int code, TagKind& kind)
     if (found == kNoKind) return false;
     kind = static_cast<TagKind>(found);
     return true;
+}
+
+std::string handleText(Handle handle)
+{
+    char digits[17];
+    std::string text(digits, std::to_chars(digits, digits + sizeof digits, handle, 16).ptr);
+    for (char& c : text)
+        if (c >= 'a') c = static_cast<char>(c - 32);
+    return text;
 }
 
 double Tag::real() const

@@ -10,14 +10,6 @@
 namespace orvald::drawing {
 namespace {
 
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return -1;
-}
-
 /// True when a \U+XXXX form stands at `at`.
 bool unicodeForm(std::string_view s, std::size_t at, char32_t& code)
 {
@@ -26,7 +18,7 @@ bool unicodeForm(std::string_view s, std::size_t at, char32_t& code)
         return false;
     code = 0;
     for (std::size_t i = at + 3; i < at + 7; ++i) {
-        const int digit = hexDigit(s[i]);
+        const int digit = text::hexDigit(static_cast<unsigned char>(s[i]));
         if (digit < 0) return false;
         code = code << 4 | static_cast<char32_t>(digit);
     }

@@ -83,12 +83,7 @@ std::string DxfError::message() const
         part(place);
     }
     part(reason);
-    if (handle != 0) {
-        std::string digits;
-        for (drawing::Handle rest = handle; rest != 0; rest >>= 4)
-            digits.insert(digits.begin(), "0123456789ABCDEF"[rest & 15]);
-        out += " (handle " + digits + ")";
-    }
+    if (handle != 0) out += " (handle " + drawing::handleText(handle) + ")";
     return out;
 }
 

@@ -38,10 +38,7 @@ private:
     std::string nameOf(Index index) const
     {
         const Record& record = drawing_.at(index);
-        std::string handle;
-        for (Handle rest = record.handle; rest != 0; rest >>= 4)
-            handle.insert(handle.begin(), "0123456789ABCDEF"[rest & 15]);
-        return std::string(record.typeName()) + " " + handle;
+        return std::string(record.typeName()) + " " + handleText(record.handle);
     }
     void warn(std::string text) { warnings_.add(0, std::move(text)); }
 
@@ -82,7 +79,7 @@ private:
             if (entries == nullptr) continue;
             if (entries->find("ACAD_GROUP") == nullptr && entries->find("ACAD_LAYOUT") == nullptr)
                 continue;
-            warn("the root dictionary was owned by " + std::to_string(drawing_.at(i).owner));
+            warn("the root dictionary was owned by " + handleText(drawing_.at(i).owner));
             drawing_.edit(i).owner = 0;
             return drawing_.setRootDictionary(i);
         }

@@ -2,6 +2,7 @@
 // Reading values by the kind of their group code.
 #include "tag_builder.h"
 
+#include "text/letters.h"
 #include "text_in.h"
 
 #include <charconv>
@@ -17,13 +18,6 @@ std::string_view trimmed(std::string_view s)
     while (!s.empty() && (s.front() == ' ' || s.front() == '\t')) s.remove_prefix(1);
     while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.remove_suffix(1);
     return s;
-}
-
-int hexDigit(char c)
-{
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
 /// True when the text is a number too small for a double, which counts as 0.
@@ -97,7 +91,8 @@ void TagBuilder::takeBinary(const TagReader& in)
     scratch_.clear();
     bool good = digits.size() % 2 == 0;
     for (std::size_t i = 0; good && i < digits.size(); i += 2) {
-        const int high = hexDigit(digits[i]), low = hexDigit(digits[i + 1]);
+        const int high = text::hexDigit(static_cast<unsigned char>(digits[i]));
+        const int low = text::hexDigit(static_cast<unsigned char>(digits[i + 1]));
         good = high >= 0 && low >= 0;
         scratch_ += static_cast<char>(16 * high + low);
     }

@@ -23,13 +23,6 @@ bool endsToken(char16_t unit)
            unit == u';';
 }
 
-int hexDigit(char16_t unit)
-{
-    if (text::isDigit(unit)) return unit - u'0';
-    const char16_t upper = text::upperUnit(unit);
-    return upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : -1;
-}
-
 } // namespace
 
 Reader::Reader(Heap& heap, SymbolTable& symbols, std::u16string_view text, ListPlaces* places)
@@ -91,8 +84,8 @@ Value Reader::readString()
             int code = 0;
             std::size_t digits = 0;
             while (digits < 4 && at_ + 1 + digits < text_.size() && text_[at_] == u'+' &&
-                   hexDigit(text_[at_ + 1 + digits]) >= 0) {
-                code = code * 16 + hexDigit(text_[at_ + 1 + digits++]);
+                   text::hexDigit(text_[at_ + 1 + digits]) >= 0) {
+                code = code * 16 + text::hexDigit(text_[at_ + 1 + digits++]);
             }
             unescaped_.push_back(digits == 4 ? static_cast<char16_t>(code) : escape);
             if (digits == 4) at_ += 5;

@@ -11,12 +11,15 @@
 #include <cstring>
 #include <iterator>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace orvald::drawing {
 
 /// Persistent name of an object within its drawing; 0 is none.
 using Handle = std::uint64_t;
+/// "1F", as handles are written.
+std::string handleText(Handle handle);
 
 enum class TagKind : std::uint8_t
 {

@@ -30,6 +30,13 @@ inline char32_t upperCase(char32_t c)
 std::u16string upperText(std::u16string_view text);
 
 bool isLetter(char16_t unit);
+/// Value of a hexadecimal digit, -1 for other units.
+constexpr int hexDigit(char16_t unit)
+{
+    if (unit >= u'0' && unit <= u'9') return unit - u'0';
+    if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
+    return unit >= u'a' && unit <= u'f' ? unit - u'a' + 10 : -1;
+}
 inline bool isDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 } // namespace orvald::text
