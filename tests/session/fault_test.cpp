@@ -8,13 +8,8 @@
 
 namespace {
 
+using kextest::kSanitized;
 using kextest::Running;
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kSanitized = true; // the sanitizer owns the fault signals
-#else
-constexpr bool kSanitized = false;
-#endif
 
 orvald::SessionOptions withProbe(bool boxesOk)
 {

@@ -10,6 +10,13 @@
 
 namespace kextest {
 
+#if defined(__SANITIZE_ADDRESS__)
+/// The sanitizer owns the fault signals, and keeps memory that was given back.
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
 constexpr const char* kMain = KEX_BIN_DIR "/Kex_2015_18_32_Main.arx";
 
 /// A session with the kernel and a new drawing; its home is a new folder unless the options name
