@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "kexos/time.h"
 
+#include <cerrno>
 #include <ctime>
 
 namespace kexos {
@@ -33,6 +34,14 @@ bool momentOf(const ClockTime& local, std::int64_t& seconds)
     if (parts.tm_wday < 0) return false;
     seconds = moment;
     return true;
+}
+
+void sleepFor(int milliseconds)
+{
+    if (milliseconds <= 0) return;
+    timespec rest = {milliseconds / 1000, milliseconds % 1000 * 1'000'000L};
+    while (::nanosleep(&rest, &rest) != 0 && errno == EINTR) {
+    }
 }
 
 } // namespace kexos

@@ -32,7 +32,17 @@ struct FileStatus
     std::int64_t created = 0; // ticks; where the system keeps none, the time of the last change
     std::int64_t accessed = 0;
     std::int64_t written = 0;
+
     bool isFolder() const { return (attributes & kFolder) != 0; }
+    bool isReadOnly() const { return (attributes & kReadOnly) != 0; }
+    /// Whole seconds since 1970, those before it included.
+    std::int64_t writtenSeconds() const { return secondsOf(written); }
+    std::uint32_t lowSize() const { return static_cast<std::uint32_t>(size); }
+
+    static std::int64_t secondsOf(std::int64_t ticks)
+    {
+        return ticks / kTicksPerSecond - (ticks % kTicksPerSecond < 0 ? 1 : 0);
+    }
 };
 
 /// Of a file or folder; nothing when it does not exist.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// The system's clock and its local time. Seconds count from 1970-01-01 00:00 UTC, without leap
-// seconds.
+// The system's clock, its local time, and pauses. Seconds count from 1970-01-01 00:00 UTC, without
+// leap seconds.
 #pragma once
 
 #include "kex/export.h"
@@ -23,5 +23,8 @@ KEX_BASE_API bool localTime(std::int64_t seconds, ClockTime& local);
 /// The moment of a local time; false when the system cannot tell. Of a time that the change to
 /// winter gives twice, either; a time that the change to summer leaves out is moved by the change.
 KEX_BASE_API bool momentOf(const ClockTime& local, std::int64_t& seconds);
+
+/// Does nothing when `milliseconds` is not positive.
+KEX_BASE_API void sleepFor(int milliseconds);
 
 } // namespace kexos
