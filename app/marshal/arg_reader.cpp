@@ -94,12 +94,14 @@ bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list)
     return true;
 }
 
-CKexString ArgReader::string(int position)
+CKexString ArgReader::string(int position) { return text(position); }
+
+TextView ArgReader::text(int position)
 {
     const bool good = at_ != nullptr && at_->restype == RTSTR;
     require(good, position);
     if (failed()) return {};
-    CKexString text(at_->resval.rstring);
+    const TextView text(at_->resval.rstring);
     at_ = at_->rbnext;
     return text;
 }

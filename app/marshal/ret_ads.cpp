@@ -30,13 +30,11 @@ int returnRb(resbuf* chain)
     return RTNORM;
 }
 
-int retList(const resbuf* chain)
+int retList(const resbuf* chain) { return retList(rbCopyAll(chain)); }
+
+int retList(CSmartResbuf&& chain)
 {
-    if (chain == nullptr) {
-        acedRetNil();
-        return RTNORM;
-    }
-    CSmartResbuf list = rbToList(rbCopyAll(chain));
+    CSmartResbuf list = rbToList(std::move(chain));
     rbDotConvert(list, false);
     return returnRb(list);
 }

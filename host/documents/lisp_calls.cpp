@@ -4,6 +4,7 @@
 #include "document.h"
 #include "host.h"
 #include "hostapi/lisp.h"
+#include "resbuf/groups.h"
 #include "text/letters.h"
 #include "value_chain.h"
 
@@ -106,7 +107,9 @@ int acedRetReal(ads_real value)
 int acedRetStr(const ACHAR* text)
 {
     if (text == nullptr) return RTERROR;
-    return answer([=](lisp::World& world) { return std::optional(world.makeString(text)); });
+    return answer([=](lisp::World& world) {
+        return std::optional(world.makeString({text, lengthOf(text)}));
+    });
 }
 
 int acedRetPoint(const ads_point point)

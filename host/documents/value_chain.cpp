@@ -261,7 +261,7 @@ std::optional<Value> valueFromNode(lisp::World& world, const resbuf& node)
     case GroupKind::text:
     case GroupKind::handle: {
         const ACHAR* text = node.resval.rstring;
-        return world.makeString(text == nullptr ? std::u16string_view() : text);
+        return world.makeString({text, lengthOf(text)});
     }
     case GroupKind::point:
         return world.makeList({Value::real(node.resval.rpoint[0]),

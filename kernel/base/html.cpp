@@ -3,6 +3,7 @@
 #include "kex/string.h"
 
 #include "kex/format.h"
+#include "kex/hex.h"
 
 #include <cstdint>
 
@@ -41,24 +42,17 @@ const ACHAR* entityOf(ACHAR unit)
     return nullptr;
 }
 
-int digitValue(ACHAR unit)
-{
-    if (unit >= KT('0') && unit <= KT('9')) return unit - KT('0');
-    const ACHAR capital = KEX::upperUnit(unit);
-    return capital >= KT('A') && capital <= KT('F') ? capital - KT('A') + 10 : 16;
-}
-
 /// The code point of "#65" or "#x41"; 0 when it is none that a text can hold.
 std::uint32_t referenceCode(TextView name)
 {
     const bool hexadecimal = name.size() > 1 && (name[1] == KT('x') || name[1] == KT('X'));
-    const unsigned base = hexadecimal ? 16 : 10;
+    const int base = hexadecimal ? 16 : 10;
     name.remove_prefix(hexadecimal ? 2 : 1);
     std::uint32_t code = 0;
     for (const ACHAR unit : name) {
-        const auto digit = static_cast<unsigned>(digitValue(unit));
-        if (digit >= base) return 0;
-        code = code * base + digit;
+        const int digit = KEX::hexDigit(unit);
+        if (digit < 0 || digit >= base) return 0;
+        code = code * static_cast<unsigned>(base) + static_cast<unsigned>(digit);
         if (code > kLastCode) return 0;
     }
     return code;
@@ -94,11 +88,13 @@ CKexString& CKexString::escapeHtml(bool all)
     for (int i = 0; i < len(); ++i) {
         const ACHAR unit = (*this)[i];
         if (const ACHAR* name = entityOf(unit)) {
-            result += KEX::format(KT("&{};"), name);
+            result += KT('&');
+            result += name;
+            result += KT(';');
         } else if (all && unit > kLastPlain) {
             const ACHAR next = (*this)[i + 1];
             std::uint32_t code = unit;
-            if (unit >= 0xD800 && unit <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF) {
+            if (KEX::isHighSurrogate(unit) && KEX::isLowSurrogate(next)) {
                 code = 0x10000 + ((code - 0xD800) << 10) + (std::uint32_t(next) - 0xDC00);
                 ++i;
             }

@@ -2,7 +2,9 @@
 // Building, copying and measuring chains.
 #include "kex/resbuf_chain.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <new>
 
 namespace KEX {
@@ -122,6 +124,15 @@ RbBuilder& RbBuilder::text(const ACHAR* value)
     return *this;
 }
 
+RbBuilder& RbBuilder::text(TextView value)
+{
+    ACHAR shortText[128]; // with an end mark, without an allocation
+    if (value.size() >= std::size(shortText)) return text(CKexString(value));
+    std::copy(value.begin(), value.end(), shortText);
+    shortText[value.size()] = 0;
+    return text(shortText);
+}
+
 RbBuilder& RbBuilder::point(const CKexPoint3d& value)
 {
     std::memcpy(node(RT3DPOINT)->resval.rpoint, value.asArray(), sizeof(ads_point));
@@ -145,6 +156,13 @@ RbBuilder& RbBuilder::name(const CAdsName& value, short type)
 RbBuilder& RbBuilder::copy(const resbuf* chain)
 {
     for (; chain != nullptr; chain = chain->rbnext) adopt(copyNode(*chain));
+    return *this;
+}
+
+RbBuilder& RbBuilder::copyValue(const resbuf* value)
+{
+    const resbuf* const end = rbSkip(value);
+    for (; value != end; value = value->rbnext) adopt(copyNode(*value));
     return *this;
 }
 

@@ -2,6 +2,8 @@
 // Searching and changing texts.
 #include "kex/string.h"
 
+#include "kex/search.h"
+
 #include <algorithm>
 
 using KEX::TextView;
@@ -33,22 +35,30 @@ bool CKexString::setAt(int position, ACHAR unit)
 
 int CKexString::find(TextView part, int from) const
 {
-    return part.empty() ? -1 : positionOrNone(view().find(part, fromStart(from)));
+    return positionOrNone(KEX::findText(view(), part, fromStart(from)));
 }
 
 int CKexString::find(ACHAR unit, int from) const
 {
-    return positionOrNone(view().find(unit, fromStart(from)));
+    return positionOrNone(KEX::findUnit(view(), unit, fromStart(from)));
 }
 
 int CKexString::rfind(ACHAR unit) const { return positionOrNone(view().rfind(unit)); }
 
-int CKexString::findOneOf(TextView set) const { return positionOrNone(view().find_first_of(set)); }
+int CKexString::findOneOf(TextView set) const
+{
+    const KEX::UnitSet units(set);
+    const auto hit =
+        std::find_if(text_.begin(), text_.end(), [&](ACHAR unit) { return units.contains(unit); });
+    return hit == text_.end() ? -1 : static_cast<int>(hit - text_.begin());
+}
 
 int CKexString::span(TextView set) const
 {
-    const std::size_t end = view().find_first_not_of(set);
-    return end == TextView::npos ? len() : static_cast<int>(end);
+    const KEX::UnitSet units(set);
+    const auto end = std::find_if_not(text_.begin(), text_.end(),
+                                      [&](ACHAR unit) { return units.contains(unit); });
+    return static_cast<int>(end - text_.begin());
 }
 
 CKexString& CKexString::makeUpper()
@@ -75,23 +85,17 @@ CKexString& CKexString::trim()
 CKexString& CKexString::revert()
 {
     std::reverse(text_.begin(), text_.end());
+    for (std::size_t i = 1; i < text_.size(); ++i) {
+        if (KEX::isLowSurrogate(text_[i - 1]) && KEX::isHighSurrogate(text_[i])) {
+            std::swap(text_[i - 1], text_[i]);
+        }
+    }
     return *this;
 }
 
 CKexString& CKexString::replace(TextView old, TextView fresh)
 {
-    std::size_t hit = old.empty() ? TextView::npos : view().find(old);
-    if (hit == TextView::npos) return *this;
-    std::basic_string<ACHAR> result;
-    result.reserve(text_.size());
-    std::size_t done = 0;
-    for (; hit != TextView::npos; hit = view().find(old, done)) {
-        result.append(text_, done, hit - done).append(fresh);
-        done = hit + old.size();
-    }
-    result.append(text_, done);
-    text_ = std::move(result);
-    return *this;
+    return *this = KEX::replaced(view(), old, fresh);
 }
 
 CKexString& CKexString::lfill(int n, ACHAR fill)

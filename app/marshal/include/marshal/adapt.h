@@ -12,6 +12,7 @@
 #include <cmath>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 namespace KEX {
 namespace adapting {
@@ -23,6 +24,7 @@ T read(ArgReader& in, int position)
     else if constexpr (std::is_same_v<T, int>) return in.integer(position);
     else if constexpr (std::is_same_v<T, double>) return in.number(position);
     else if constexpr (std::is_same_v<T, CKexString>) return in.string(position);
+    else if constexpr (std::is_same_v<T, TextView>) return in.text(position);
     else if constexpr (std::is_same_v<T, CKexPoint3d>) return in.point(position);
     else if constexpr (std::is_same_v<T, CKexVertexArray>) return in.vertexList(position);
     else static_assert(!sizeof(T), "no reader for this parameter type");
@@ -33,9 +35,12 @@ int call(Primitive primitive, const resbuf* args)
 {
     ArgReader in(args);
     // A function of one argument names no position.
-    int position = sizeof...(Parameters) == 1 ? -1 : 0;
-    // Braces: the arguments are read in order.
-    std::tuple<Parameters...> values{read<Parameters>(in, ++position)...};
+    constexpr int kFirst = sizeof...(Parameters) == 1 ? 0 : 1;
+    const auto readAll = [&in]<int... I>(std::integer_sequence<int, I...>) {
+        // Braces: the arguments are read in order.
+        return std::tuple<Parameters...>{read<Parameters>(in, kFirst + I)...};
+    };
+    const auto values = readAll(std::make_integer_sequence<int, sizeof...(Parameters)>());
     if (in.failed()) return in.fail();
     const auto result = std::apply(primitive, values);
     // LISP has no numbers beyond the finite ones.

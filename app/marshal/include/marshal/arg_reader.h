@@ -29,6 +29,8 @@ public:
 
     // -- required arguments: missing or of another type is an error
     CKexString string(int position);
+    /// The same without a copy: the argument's own text.
+    TextView text(int position);
     int integer(int position);
     /// A real or an integer.
     double number(int position);

@@ -18,6 +18,7 @@ namespace KEX {
 int returnRb(resbuf* chain);
 /// The values of a chain as one list, nil for none. The chain is neither changed nor freed.
 int retList(const resbuf* chain);
+int retList(CSmartResbuf&& chain);
 
 /// A result that is nothing: the host echoes nothing.
 int retVoid();

@@ -28,6 +28,8 @@ GroupKind groupKind(int code);
 /// Kind of any restype: host codes from 5000 on as well as group codes.
 GroupKind nodeKind(int restype);
 
+/// Units of a text before its end mark; null counts as "".
+std::size_t lengthOf(const ACHAR* text);
 /// A string for a node from units without an end mark; null when memory is out.
 ACHAR* newString(const ACHAR* units, std::size_t count);
 /// The arguments of the running call belong to the host: acutRelRb leaves this chain alone. Gives

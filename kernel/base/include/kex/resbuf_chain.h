@@ -69,7 +69,7 @@ public:
     RbBuilder& integer(std::int32_t value);
     RbBuilder& text(const ACHAR* value);
     RbBuilder& text(const CKexString& value) { return text(value.c_str()); }
-    RbBuilder& text(TextView value) { return text(CKexString(value)); }
+    RbBuilder& text(TextView value);
     RbBuilder& point(const CKexPoint3d& value);
     /// A point with two coordinates.
     RbBuilder& point2d(double x, double y);
@@ -77,6 +77,8 @@ public:
     RbBuilder& name(const CAdsName& value, short type = RTENAME);
     /// Copies a whole chain.
     RbBuilder& copy(const resbuf* chain);
+    /// Copies the value that starts at a node: the node, or a whole list.
+    RbBuilder& copyValue(const resbuf* value);
     /// Takes a whole chain over.
     RbBuilder& adopt(CSmartResbuf chain);
 

