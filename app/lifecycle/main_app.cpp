@@ -5,8 +5,10 @@
 #include "hostapi/lisp.h"
 #include "kex/dialog.h"
 #include "kex/fault.h"
+#include "kex/file_list.h"
 #include "kex/files.h"
 #include "kex/format.h"
+#include "kex/lock_files.h"
 #include "kex/message.h"
 #include "kex/perf.h"
 #include "kex/system.h"
@@ -113,6 +115,8 @@ void CMainArxApp::takeDown()
     // Each drawing has lost its functions with its own message; this is for a host that sent none.
     kexLispUndefineAll();
     automation_.reset();
+    fileUnlockAll();
+    dirModeSet(0, 0); // another module may keep the kernel's libraries loaded
     statusBarStop(); // its thread runs code of this module
     saveConfiguration();
     for (const CKexString& file : siblings_) acedArxUnload(file.c_str());

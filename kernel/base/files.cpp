@@ -1,36 +1,36 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// The kernel's view of files: its paths on top of the system's files.
 #include "kex/files.h"
 
 #include "hostapi/lisp.h"
+#include "kex/date.h"
+#include "kex/format.h"
 #include "kexos/environment.h"
+#include "kexos/exclusive_file.h"
 #include "kexos/file_status.h"
 #include "kexos/files.h"
 #include "kexos/folders.h"
 #include "kexos/paths.h"
+#include "kexos/random.h"
+#include "kexos/time.h"
 
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <thread>
 
 namespace KEX {
 namespace {
 
-using std::chrono::milliseconds;
-
 // The time between two tries of a lock grows from the first to the second, so that a short hold is
-// noticed soon and a long one costs little.
-constexpr milliseconds kFirstPause{20};
-constexpr milliseconds kLongestPause{50};
-constexpr milliseconds kPauseGrowth{10};
+// noticed soon and a long one costs little. Milliseconds.
+constexpr int kFirstPause = 20;
+constexpr int kLongestPause = 50;
+constexpr int kPauseGrowth = 10;
 constexpr std::size_t kPathRoom = 2048;
+/// Units that a path can have on any system; bounds the work over one that cannot exist.
+constexpr std::size_t kLongestPath = 32767;
 
-std::string systemPath(TextView file) { return kexos::nativePath(toUtf8(file)); }
-
-CKexString kernelFolder(const std::string& path)
+CKexString withSeparator(CKexString folder)
 {
-    CKexString folder = CKexString::fromUtf8(kexos::kernelPath(path));
     if (!folder.endsWith(KT("\\"))) folder += KT('\\');
     return folder;
 }
@@ -40,27 +40,88 @@ CKexString kernelFolder(const std::string& path)
 std::optional<std::string> fileRead(TextView file)
 {
     std::string bytes;
-    if (kexos::readFile(systemPath(file), bytes) != kexos::ReadResult::read) return std::nullopt;
+    if (kexos::readFile(toUtf8(file), bytes) != kexos::ReadResult::read) return std::nullopt;
     return bytes;
 }
 
 bool fileSave(TextView file, std::string_view bytes)
 {
-    const std::string path = systemPath(file);
-    return !path.empty() && kexos::saveFile(path, bytes);
+    return kexos::saveFile(toUtf8(file), bytes);
 }
 
-bool fileExists(TextView file) { return kexos::fileExists(systemPath(file)); }
+bool fileExists(TextView file) { return kexos::fileExists(toUtf8(file)); }
 
-bool fileMakeWritable(TextView file) { return kexos::makeWritable(systemPath(file)); }
+bool fileMakeWritable(TextView file) { return kexos::makeWritable(toUtf8(file)); }
 
-CKexString fileNameOnly(TextView path)
+bool fileCopy(TextView source, TextView target)
 {
-    const std::size_t separator = path.find_last_of(KT("\\/"));
-    return TextView(separator == TextView::npos ? path : path.substr(separator + 1));
+    return kexos::copyFile(toUtf8(source), toUtf8(target));
 }
 
-CKexString tmp_dir() { return kernelFolder(kexos::tempFolder()); }
+bool fileRename(TextView old, TextView fresh)
+{
+    return kexos::moveFile(toUtf8(old), toUtf8(fresh));
+}
+
+bool fileRemove(TextView file) { return kexos::removeFile(toUtf8(file)); }
+
+bool fileMkdir(TextView folder)
+{
+    if (folder.size() > kLongestPath) return false;
+    bool made = false;
+    for (std::size_t i = 0; i + 1 < folder.size(); ++i) {
+        const bool ends =
+            folder[i + 1] == KT('\\') && folder[i] != KT('\\') && folder[i] != KT(':');
+        if (ends) made = kexos::makeFolder(toUtf8(folder.substr(0, i + 1)));
+    }
+    // kept: what counts is the last one, so a folder that exists is a failure
+    return folder.ends_with(KT('\\')) ? made : kexos::makeFolder(toUtf8(folder));
+}
+
+bool fileAccess(TextView file)
+{
+    const std::string path = toUtf8(file);
+    const bool existed = kexos::fileExists(path);
+    kexos::ExclusiveFile trial;
+    trial.open(path, existed ? kexos::OpenMode::change : kexos::OpenMode::createBarred);
+    const int descriptor = trial.descriptor();
+    trial.close();
+    if (!existed && descriptor >= 0) {
+        kexos::makeWritable(path);
+        kexos::removeFile(path);
+    }
+    return descriptor > 0; // kept: the descriptor 0, open or not, counts as failure
+}
+
+std::optional<FileInfo> fileInfo(TextView file)
+{
+    const std::optional<kexos::FileStatus> status = kexos::fileStatus(toUtf8(file));
+    SystemTime written;
+    if (!status || !timeToSystemTime(written, status->writtenSeconds(), true)) return std::nullopt;
+    return FileInfo{str_date(written), str_time(written), status->lowSize()};
+}
+
+bool fileIsOlder(TextView a, TextView b)
+{
+    const std::optional<kexos::FileStatus> first = kexos::fileStatus(toUtf8(a));
+    if (!first) return true; // kept: also when b does not exist either
+    const std::optional<kexos::FileStatus> second = kexos::fileStatus(toUtf8(b));
+    return second && first->written < second->written;
+}
+
+CKexString tmp_dir() { return withSeparator(CKexString::fromUtf8(kexos::tempFolder())); }
+
+CKexString tmp_nam(TextView prefix)
+{
+    const CKexString start = tmp_dir() + prefix;
+    std::uint32_t number = static_cast<std::uint32_t>(kexos::processId());
+    for (;;) {
+        // Where the system has no random bytes to give, numbers are tried one after the other.
+        if (!kexos::randomBytes(&number, sizeof number)) ++number;
+        CKexString name = start + format(KT("{:08X}.tmp"), number);
+        if (!fileExists(name)) return name;
+    }
+}
 
 CKexString dataFileName(TextView name, bool own)
 {
@@ -72,19 +133,21 @@ CKexString dataFileName(TextView name, bool own)
     }
     const std::string folder = kexos::homeFolder();
     kexos::makeFolders(folder); // where it fails, the later use of the file says so
-    return kernelFolder(folder) + name;
+    return withSeparator(CKexString::fromUtf8(folder)) + name;
 }
 
 CFileLock::CFileLock(TextView file, int waitMilliseconds)
 {
-    const std::string companion = systemPath(file) + ".lk";
-    const auto deadline = std::chrono::steady_clock::now() + milliseconds(waitMilliseconds);
-    milliseconds pause = kFirstPause;
+    using std::chrono::ceil, std::chrono::milliseconds, std::chrono::steady_clock;
+    const std::string companion = toUtf8(file) + ".lk";
+    const auto deadline = steady_clock::now() + milliseconds(waitMilliseconds);
+    int pause = kFirstPause;
     for (;;) {
         result_ = lock_.tryLock(companion);
-        const auto now = std::chrono::steady_clock::now();
+        const auto now = steady_clock::now();
         if (result_ != kexos::LockResult::inUse || now >= deadline) return;
-        std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(pause, deadline - now));
+        const auto left = ceil<milliseconds>(deadline - now).count();
+        kexos::sleepFor(static_cast<int>(std::min<std::int64_t>(pause, left)));
         pause = std::min(pause + kPauseGrowth, kLongestPause);
     }
 }

@@ -50,6 +50,25 @@ bool envSet(TextView name, TextView value)
     return kexos::setEnvironment(toUtf8(name), toUtf8(value));
 }
 
+CKexString envExpand(TextView text)
+{
+    CKexString result;
+    for (std::size_t at = 0;;) {
+        const std::size_t start = text.find(KT('%'), at);
+        const std::size_t end = start == TextView::npos ? start : text.find(KT('%'), start + 1);
+        if (end == TextView::npos) return result += TextView(text.substr(at));
+        result += TextView(text.substr(at, start - at));
+        const std::string name = toUtf8(text.substr(start + 1, end - start - 1));
+        if (const std::optional<std::string> value = kexos::environment(name)) {
+            result += CKexString::fromUtf8(*value);
+            at = end + 1;
+        } else {
+            result += TextView(text.substr(start, end - start));
+            at = end; // which may begin the next reference
+        }
+    }
+}
+
 CKexString regAppKey() { return KT("KEX"); }
 
 bool regMakeKey(TextView key) { return kexos::registryMakeKey(toUtf8(key)); }

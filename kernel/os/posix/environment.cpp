@@ -52,18 +52,18 @@ bool setEnvironment(const std::string& name, const std::string& value)
 std::string homeFolder()
 {
     if (const std::string own = firstSet({"KEX_HOME"}); !own.empty()) {
-        return withoutSeparator(nativePath(own));
+        return kernelPath(withoutSeparator(nativePath(own)));
     }
     if (const std::string settings = firstSet({"XDG_CONFIG_HOME"}); !settings.empty()) {
-        return withoutSeparator(settings) + "/orvald";
+        return kernelPath(withoutSeparator(settings) + "/orvald");
     }
-    return withoutSeparator(userFolder()) + "/.config/orvald";
+    return kernelPath(withoutSeparator(userFolder()) + "/.config/orvald");
 }
 
 std::string tempFolder()
 {
     const std::string folder = firstSet({"TMP", "TEMP", "TMPDIR"});
-    return folder.empty() ? "/tmp" : withoutSeparator(nativePath(folder));
+    return kernelPath(folder.empty() ? "/tmp" : withoutSeparator(nativePath(folder)));
 }
 
 int processId() { return static_cast<int>(::getpid()); }

@@ -54,6 +54,17 @@ ssize_t write(int descriptor, const char* bytes, std::size_t count)
     return ::write(descriptor, bytes, count);
 }
 
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
 int sync(int descriptor) { return failsNow() ? -1 : ::fsync(descriptor); }
 
 int setMode(int descriptor, mode_t mode) { return failsNow() ? -1 : ::fchmod(descriptor, mode); }
@@ -68,6 +79,20 @@ int close(int descriptor)
 int rename(const std::string& from, const std::string& to)
 {
     return failsNow() ? -1 : std::rename(from.c_str(), to.c_str());
+}
+
+int renameNew(const std::string& from, const std::string& to)
+{
+    if (failsNow()) return -1;
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return -1;
+    // A file system that cannot do both at once.
+    struct stat status = {};
+    if (::lstat(to.c_str(), &status) == 0) {
+        errno = EEXIST;
+        return -1;
+    }
+    return std::rename(from.c_str(), to.c_str());
 }
 
 int remove(const std::string& path) { return failsNow() ? -1 : ::unlink(path.c_str()); }

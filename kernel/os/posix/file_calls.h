@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <sys/types.h>
 
 namespace kexos::calls {
@@ -12,10 +13,14 @@ namespace kexos::calls {
 int create(const std::string& path, mode_t mode);
 /// Bytes written, -1 with errno set.
 ssize_t write(int descriptor, const char* bytes, std::size_t count);
+/// All bytes; false with errno set.
+bool writeAll(int descriptor, std::string_view bytes);
 int sync(int descriptor);
 int setMode(int descriptor, mode_t mode);
 int close(int descriptor);
 int rename(const std::string& from, const std::string& to);
+/// Fails with EEXIST when something is named `to`.
+int renameNew(const std::string& from, const std::string& to);
 int remove(const std::string& path);
 
 } // namespace kexos::calls

@@ -3,6 +3,8 @@
 // the process ends. Record locks of the process are of no use, closing any descriptor drops them.
 #include "kexos/file_lock.h"
 
+#include "native.h"
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -13,7 +15,8 @@ namespace kexos {
 LockResult FileLock::tryLock(const std::string& path)
 {
     unlock();
-    const int descriptor = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    const int descriptor =
+        ::open(native::existing(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (descriptor < 0) return LockResult::failed;
     if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
         descriptor_ = descriptor;

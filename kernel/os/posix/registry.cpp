@@ -12,6 +12,7 @@
 #include "kexos/environment.h"
 #include "kexos/file_lock.h"
 #include "kexos/files.h"
+#include "kexos/folders.h"
 
 #include <algorithm>
 #include <chrono>

@@ -10,6 +10,8 @@ namespace KEX {
 KEX_BASE_API CKexString envGet(TextView name);
 /// For this process and those that it starts; false for an impossible name.
 KEX_BASE_API bool envSet(TextView name, TextView value);
+/// A text with the value of a variable in place of each %NAME%; what is no variable stays.
+KEX_BASE_API CKexString envExpand(TextView text);
 
 /// Registry key of the application; its sub-keys follow behind a "\".
 KEX_BASE_API CKexString regAppKey();
