@@ -36,7 +36,8 @@ int call(Primitive primitive, const resbuf* args)
     ArgReader in(args);
     // A function of one argument names no position.
     constexpr int kFirst = sizeof...(Parameters) == 1 ? 0 : 1;
-    const auto readAll = [&in]<int... I>(std::integer_sequence<int, I...>) {
+    const auto readAll = [&in]<int... I>(std::integer_sequence<int, I...>)
+    {
         // Braces: the arguments are read in order.
         return std::tuple<Parameters...>{read<Parameters>(in, kFirst + I)...};
     };
