@@ -2,6 +2,7 @@
 // Calls into modules. Everything goes through the fence, and no exception of a module leaves it.
 #include "application.h"
 
+#include "document.h"
 #include "fault_fence.h"
 #include "host.h"
 #include "resbuf/groups.h"
@@ -69,6 +70,8 @@ bool Application::guarded(std::u16string_view what, Call&& call)
     Application* const caller = current_;
     CallFrame* const frame = CallFrame::innermost;
     const int runningBefore = running;
+    OpenObjects& objects = Host::instance().openObjects();
+    const int depth = objects.enterCall();
     const int signal = FaultFence::run([&] {
         const Scope scope(*this);
         try {
@@ -86,6 +89,8 @@ bool Application::guarded(std::u16string_view what, Call&& call)
         running = runningBefore;
         how = FaultFence::describe(signal);
     }
+    for (const std::string& line : objects.leaveCall(depth))
+        Host::instance().console().warning(fileName_ + ": " + line);
     if (how.empty()) return true;
     faulted_ = true;
     Host::instance().moduleFaulted(fileName_ + ": " + how + " in " + lisp::toUtf8(what));
@@ -124,6 +129,7 @@ Value ApplicationFunction::call(lisp::World& world, lisp::Args args)
     Host& host = Host::instance();
     if (host.tracing()) host.traceCall(*this, args);
     resbuf* chain = chainFromArguments(world, args, host.chainForm());
+    const Document::RunLock lock(Document::of(world));
     CallFrame frame{*this, world, chain, lisp::Root(world), CallFrame::innermost};
     resbuf* const protectedBefore = protectChain(chain);
     CallFrame::innermost = &frame;

@@ -2,7 +2,7 @@
 #include "document.h"
 
 #include "application.h"
-#include "drawing/header.h"
+#include "database.h"
 #include "drawing_functions.h"
 #include "dxf/dxf.h"
 #include "host.h"
@@ -13,45 +13,6 @@
 
 namespace orvald {
 namespace {
-
-/// The database of a document as applications see it: values of the header.
-class Database final : public AcDbDatabase
-{
-public:
-    explicit Database(drawing::Drawing& drawing) : drawing_(drawing) {}
-
-    AcDb::UnitsValue insunits() const override
-    {
-        return static_cast<AcDb::UnitsValue>(drawing_.header.integer("$INSUNITS"));
-    }
-    Acad::ErrorStatus setInsunits(AcDb::UnitsValue units) override
-    {
-        constexpr int kLastUnit = 24;
-        if (units < 0 || units > kLastUnit) return Acad::eInvalidInput;
-        set("$INSUNITS", units);
-        return Acad::eOk;
-    }
-    AcDb::MeasurementValue measurement() const override
-    {
-        return static_cast<AcDb::MeasurementValue>(drawing_.header.integer("$MEASUREMENT"));
-    }
-    Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue value) override
-    {
-        set("$MEASUREMENT", value);
-        return Acad::eOk;
-    }
-    bool isPartiallyOpened() const override { return false; }
-
-private:
-    void set(std::string_view variable, int value)
-    {
-        if (drawing_.header.integer(variable, -1) == value) return;
-        drawing_.header.setInteger(variable, 70, value);
-        drawing_.noteChange();
-    }
-
-    drawing::Drawing& drawing_;
-};
 
 std::u16string nameOf(const std::string& path)
 {
@@ -72,6 +33,7 @@ Document::Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::s
       world_(*this)
 {
     defineDrawingFunctions(world_);
+    drawing_->journal().step(); // from here on changes can be taken back
 }
 
 Document::~Document() = default;
@@ -101,7 +63,9 @@ void Document::forget(const Application& application)
 
 Acad::ErrorStatus Document::lock(AcAp::DocLockMode mode)
 {
-    // With one context nobody can stand in the way.
+    // With one context nobody can stand in the way. What happens under the outermost lock of an
+    // application is one step for the user.
+    if (locks_.empty() && runLocks_ == 0) drawing_->journal().step();
     locks_.push_back(mode);
     return Acad::eOk;
 }
@@ -110,12 +74,22 @@ Acad::ErrorStatus Document::unlock()
 {
     if (locks_.empty()) return Acad::eLockViolation;
     locks_.pop_back();
+    if (locks_.empty() && runLocks_ == 0) drawing_->journal().step();
     return Acad::eOk;
+}
+
+bool Document::isLockedForWrite() const
+{
+    return runLocks_ > 0 || std::ranges::any_of(locks_, [](AcAp::DocLockMode mode) {
+               return mode == AcAp::kWrite || mode == AcAp::kXWrite || mode == AcAp::kAutoWrite ||
+                      mode == AcAp::kProtectedAutoWrite;
+           });
 }
 
 AcAp::DocLockMode Document::myLockMode() const
 {
-    return locks_.empty() ? AcAp::kNotLocked : *std::ranges::max_element(locks_);
+    if (locks_.empty()) return runLocks_ > 0 ? AcAp::kWrite : AcAp::kNotLocked;
+    return *std::ranges::max_element(locks_);
 }
 
 void Document::print(std::u16string_view text) { host_.console().print(text); }

@@ -49,6 +49,20 @@ public:
     // -- locks: they nest, the strictest counts
     Acad::ErrorStatus lock(AcAp::DocLockMode mode);
     Acad::ErrorStatus unlock();
+    /// True when whoever runs now may change the drawing.
+    bool isLockedForWrite() const;
+    /// Commands, LISP functions and messages of the document find it locked for write.
+    class RunLock
+    {
+    public:
+        explicit RunLock(Document& document) : document_(document) { ++document_.runLocks_; }
+        ~RunLock() { --document_.runLocks_; }
+        RunLock(const RunLock&) = delete;
+        RunLock& operator=(const RunLock&) = delete;
+
+    private:
+        Document& document_;
+    };
 
     // AcApDocument
     const ACHAR* fileName() const override { return fileName_.c_str(); }
@@ -75,7 +89,8 @@ private:
     SystemVariables variables_;
     TemporaryGraphics graphics_;
     UserState user_;
-    std::vector<AcAp::DocLockMode> locks_;
+    std::vector<AcAp::DocLockMode> locks_; // set by applications
+    int runLocks_ = 0;
     std::set<std::u16string, std::less<>> commands_;
     lisp::World world_; // last: its functions may reach everything above
 };

@@ -103,6 +103,7 @@ bool DynamicLinker::unload(Application& application)
         if (application.isObjectModule()) return;
         Host::instance().forEachDocument([&](Document& document) {
             const Host::CurrentScope current(document);
+            const Document::RunLock lock(document);
             application.send(message);
         });
     };
@@ -144,6 +145,7 @@ bool DynamicLinker::unlockApplication(void* packet)
 void DynamicLinker::broadcast(AcRx::AppMsgCode message, Document& document, bool reversed)
 {
     const Host::CurrentScope current(document);
+    const Document::RunLock lock(document);
     // A handler may load or unload other modules: the list is taken as it stands now.
     std::vector<Application*> receivers;
     for (const auto& application : applications_) {

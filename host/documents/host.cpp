@@ -77,9 +77,18 @@ void Host::closeDocument(Document& document)
     linker_.broadcast(AcRx::kUnloadDwgMsg, document, true);
     const auto place = std::ranges::find_if(
         documents_, [&](const auto& other) { return other.get() == &document; });
+    for (const std::string& line : openObjects_.closeAllOf(document.drawing()))
+        console_.warning(line);
     const std::unique_ptr<Document> last = std::move(*place);
     documents_.erase(place);
     if (current_ == last.get()) current_ = documents_.empty() ? nullptr : documents_.back().get();
+}
+
+Document* Host::documentOf(const drawing::Drawing& drawing) const
+{
+    for (const auto& document : documents_)
+        if (&document->drawing() == &drawing) return document.get();
+    return nullptr;
 }
 
 Host::CurrentScope::CurrentScope(Document& document) : before_(instance().current_)

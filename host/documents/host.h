@@ -10,6 +10,7 @@
 #include "dynamic_linker.h"
 #include "fault_fence.h"
 #include "input_source.h"
+#include "open_objects.h"
 #include "registries.h"
 #include "selection_sets.h"
 #include "value_chain.h"
@@ -42,6 +43,7 @@ public:
     ObjectDictionary& systemRegistry() { return systemRegistry_; }
     ActiveObjects& activeObjects() { return activeObjects_; }
     SelectionSets& selectionSets() { return selectionSets_; }
+    OpenObjects& openObjects() { return openObjects_; }
     DocumentManager& documentManager() { return documentManager_; }
 
     // -- documents
@@ -53,6 +55,8 @@ public:
     /// Closes a document without saving it; the modules are told first.
     void closeDocument(Document& document);
     Document* current() const { return current_; }
+    /// The document of a drawing, null when it has none.
+    Document* documentOf(const drawing::Drawing& drawing) const;
     template <typename Visit>
     void forEachDocument(Visit&& visit)
     {
@@ -118,6 +122,7 @@ private:
     ActiveObjects activeObjects_;
     CommandStack commands_;
     SelectionSets selectionSets_;
+    OpenObjects openObjects_;
     DocumentManager documentManager_;
     std::list<std::unique_ptr<Document>> documents_;
     Document* current_ = nullptr;

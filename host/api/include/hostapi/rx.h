@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Application frame: messages, services, the dynamic linker, the system registry and run-time
-// classes.
+// Application frame: messages, run-time classes, services, the dynamic linker and the system
+// registry.
 #pragma once
 
 #include "hostapi/types.h"
@@ -34,15 +34,60 @@ enum AppRetCode : int
 };
 } // namespace AcRx
 
+class AcRxClass;
+
+/// The run-time class of an object of class `Class`, and the way down to it.
+#define ACRX_DECLARE_MEMBERS(Class)                                                                \
+    AcRxClass* isA() const override;                                                               \
+    static AcRxClass* desc();                                                                      \
+    static Class* cast(const AcRxObject* object)                                                   \
+    {                                                                                              \
+        return object == nullptr || !object->isKindOf(desc())                                      \
+                   ? nullptr                                                                       \
+                   : const_cast<Class*>(static_cast<const Class*>(object));                        \
+    }
+
 class HOST_API AcRxObject
 {
 public:
     virtual ~AcRxObject();
 
+    virtual AcRxClass* isA() const;
+    static AcRxClass* desc();
+    /// True for the object's own class and those above it.
+    bool isKindOf(const AcRxClass* ofClass) const;
+
 protected:
     AcRxObject() = default;
     AcRxObject(const AcRxObject&) = default;
     AcRxObject& operator=(const AcRxObject&) = default;
+};
+
+/// A run-time class; there is one object of this type for each class.
+class HOST_API AcRxClass : public AcRxObject
+{
+public:
+    AcRxClass(const ACHAR* name, const ACHAR* dxfName, AcRxClass* parent)
+        : name_(name), dxfName_(dxfName), parent_(parent)
+    {
+    }
+    AcRxClass(const AcRxClass&) = delete;
+    AcRxClass& operator=(const AcRxClass&) = delete;
+    ~AcRxClass() override;
+
+    ACRX_DECLARE_MEMBERS(AcRxClass)
+    const ACHAR* name() const { return name_; } // "AcDbXrecord"
+    /// Name of its records in files, null when it has none.
+    const ACHAR* dxfName() const { return dxfName_; }
+    /// Null for AcRxObject.
+    AcRxClass* myParent() const { return parent_; }
+    /// True for itself and the classes above it.
+    bool isDerivedFrom(const AcRxClass* other) const;
+
+private:
+    const ACHAR* name_;
+    const ACHAR* dxfName_;
+    AcRxClass* parent_;
 };
 
 /// A service that an application offers under a name.

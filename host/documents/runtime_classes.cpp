@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The run-time classes of the host's interface: one description each, linked to the one above.
+#include "hostapi/objects.h"
+
+bool AcRxClass::isDerivedFrom(const AcRxClass* other) const
+{
+    const AcRxClass* at = this;
+    while (at != nullptr && at != other) at = at->myParent();
+    return at != nullptr;
+}
+
+bool AcRxObject::isKindOf(const AcRxClass* ofClass) const
+{
+    return ofClass != nullptr && isA()->isDerivedFrom(ofClass);
+}
+
+AcRxClass* AcRxObject::desc()
+{
+    static AcRxClass description(u"AcRxObject", nullptr, nullptr);
+    return &description;
+}
+AcRxClass* AcRxObject::isA() const { return desc(); }
+
+#define ORVALD_CLASS(Class, text, dxfName, Parent)                                                 \
+    AcRxClass* Class::desc()                                                                       \
+    {                                                                                              \
+        static AcRxClass description(text, dxfName, Parent::desc());                               \
+        return &description;                                                                       \
+    }                                                                                              \
+    AcRxClass* Class::isA() const { return desc(); }
+
+ORVALD_CLASS(AcRxClass, u"AcRxClass", nullptr, AcRxObject)
+ORVALD_CLASS(AcDbObject, u"AcDbObject", nullptr, AcRxObject)
+ORVALD_CLASS(AcDbEntity, u"AcDbEntity", nullptr, AcDbObject)
+ORVALD_CLASS(AcDbDictionary, u"AcDbDictionary", u"DICTIONARY", AcDbObject)
+ORVALD_CLASS(AcDbXrecord, u"AcDbXrecord", u"XRECORD", AcDbObject)
+
+#undef ORVALD_CLASS
+
+AcRxClass::~AcRxClass() = default;
+AcDbEntity::~AcDbEntity() = default;
+AcDbDictionaryIterator::~AcDbDictionaryIterator() = default;
+AcDbDictionary::~AcDbDictionary() = default;
+AcDbXrecord::~AcDbXrecord() = default;
