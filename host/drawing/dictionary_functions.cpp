@@ -28,9 +28,8 @@ ErrNo EntityFunctions::dictNext(ObjectId id, bool rewind, resbuf*& chain)
     const Dictionary::Entry* entry = nullptr;
     while (!dictionaryWalk_.done) {
         // The walk goes on by key, so that it survives changes of the dictionary.
-        entry = dictionaryWalk_.last.empty() && entries->size() != 0
-                    ? &entries->entries().front()
-                    : entries->after(dictionaryWalk_.last);
+        entry =
+            dictionaryWalk_.last.empty() ? entries->first() : entries->after(dictionaryWalk_.last);
         if (entry == nullptr) {
             dictionaryWalk_.done = true;
             break;
@@ -52,13 +51,7 @@ ErrNo EntityFunctions::dictAdd(ObjectId dictionary, std::u16string_view key, Obj
     const std::string form = fileForm(key);
     // One object under two keys would send a walk round in circles.
     if (drawing_.at(entry).owner != 0 || entry == drawing_.rootDictionary()) return ErrNo::badValue;
-    // Nor may a dictionary come to stand inside itself.
-    constexpr int kMostOwners = 1000;
-    Index above = index;
-    for (int step = 0; above != kNone && step < kMostOwners; ++step) {
-        if (above == entry) return ErrNo::badType;
-        above = drawing_.byHandle(drawing_.at(above).owner);
-    }
+    if (drawing_.standsIn(index, entry)) return ErrNo::badType;
     if (form != "*" && !isSymbolName(form, true)) return ErrNo::badValue;
     return drawing_.addToDictionary(index, form, entry) ? ErrNo::none : ErrNo::badValue;
 }

@@ -23,6 +23,14 @@ constexpr int kMostOwners = 1000;
 
 constexpr std::size_t kHeapHead = 16; // what the allocator adds to a block, about
 
+/// Takes a dictionary away as owner and persistent reactor.
+void cutOwner(Record& record, Handle dictionary)
+{
+    record.owner = 0;
+    std::erase(record.needExtras().reactors, dictionary);
+    record.trimExtras();
+}
+
 } // namespace
 
 Drawing::Drawing()
@@ -54,6 +62,19 @@ const Record* Drawing::find(ObjectId id) const
 {
     const Index index = indexOf(id);
     return index == kNone ? nullptr : &at(index);
+}
+
+Journal& Drawing::journal()
+{
+    if (journal_ == nullptr) journal_ = std::make_unique<Journal>(*this);
+    return *journal_;
+}
+
+Handle Drawing::newHandle()
+{
+    // What was taken back keeps its handle.
+    while (handles_.find(nextHandle_) != kNone) ++nextHandle_;
+    return nextHandle_++;
 }
 
 void Drawing::reserveHandles(Handle upTo) { nextHandle_ = std::max(nextHandle_, upTo + 1); }
@@ -90,12 +111,17 @@ Index Drawing::place(Record&& record)
 void Drawing::appendChild(Index owner, Index child)
 {
     Extras& extras = edit(owner).needExtras();
+    touch(child);
     Slot& mine = slot(child);
     mine.record.owner = at(owner).handle;
     mine.previous = extras.lastChild;
     mine.next = kNone;
-    if (extras.lastChild == kNone) extras.firstChild = child;
-    else slot(extras.lastChild).next = child;
+    if (extras.lastChild == kNone) {
+        extras.firstChild = child;
+    } else {
+        touch(extras.lastChild);
+        slot(extras.lastChild).next = child;
+    }
     extras.lastChild = child;
 }
 
@@ -115,6 +141,7 @@ void Drawing::dropChildren(Index owner)
 {
     Extras& extras = edit(owner).needExtras();
     for (Index child = extras.firstChild; child != kNone;) {
+        touch(child);
         Slot& mine = slot(child);
         child = mine.next;
         mine.previous = mine.next = kNone;
@@ -198,22 +225,30 @@ bool Drawing::isGone(Index index) const
     return false;
 }
 
+bool Drawing::mayErase(Index index) const
+{
+    const Record& record = at(index);
+    if (record.isEntity()) return record.isMainEntity();
+    return record.family() == Family::object && index != root_;
+}
+
 bool Drawing::setErased(Index index, bool erased)
 {
-    if (at(index).erased == erased) return false;
+    if (at(index).erased == erased || at(index).undone) return false;
     Record& record = edit(index);
     record.erased = erased;
-    if (record.family() == Family::object && erased) {
+    TableId table{};
+    if (record.family() == Family::object) {
         const Index owner = byHandle(record.owner);
-        if (owner != kNone && at(owner).dictionary() != nullptr) {
-            const Dictionary::Entry* entry = at(owner).dictionary()->find(record.handle);
-            if (entry != nullptr)
-                edit(owner).needExtras().dictionary->remove(std::string(entry->key));
-        }
-    } else if (record.family() == Family::tableRecord && !erased) {
-        TableId table{};
-        if (tableOf(record.typeName(), table))
-            tables_[std::size_t(table)].byName.try_emplace(nameKey(record.name()), index);
+        const Dictionary* entries = owner == kNone ? nullptr : at(owner).dictionary();
+        const Dictionary::Entry* entry =
+            entries == nullptr ? nullptr : entries->find(record.handle);
+        if (erased && entry != nullptr)
+            edit(owner).needExtras().dictionary->remove(std::string(entry->key));
+        if (!erased && entries != nullptr && entry == nullptr) cutOwner(record, record.owner);
+    } else if (!erased && record.family() == Family::tableRecord &&
+               tableOf(record.typeName(), table)) {
+        editTable(table).byName.try_emplace(nameKey(record.name()), index);
     }
     return true;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Dictionaries of a drawing: who owns what is entered, and extension dictionaries.
 #include "drawing/drawing.h"
+#include "drawing/object_data.h"
 
 #include <algorithm>
 
@@ -50,15 +51,7 @@ bool Drawing::removeFromDictionary(Index index, std::string_view key)
     return true;
 }
 
-Index Drawing::addDictionary(bool hardOwner)
-{
-    Record record(Kind::dictionary, Family::object);
-    record.tags.addText(100, "AcDbDictionary");
-    if (hardOwner) record.tags.addInteger(280, 1);
-    record.tags.addInteger(281, 1);
-    record.needExtras().dictionary.emplace();
-    return add(std::move(record));
-}
+Index Drawing::addDictionary(bool hardOwner) { return add(newDictionary(hardOwner)); }
 
 Index Drawing::needExtensionDictionary(Index object)
 {
@@ -68,6 +61,33 @@ Index Drawing::needExtensionDictionary(Index object)
     edit(made).owner = at(object).handle;
     edit(object).needExtras().extensionDictionary = at(made).handle;
     return made;
+}
+
+bool Drawing::releaseExtensionDictionary(Index object)
+{
+    const Index known = byHandle(at(object).extensionDictionary());
+    const Dictionary* entries = dictionary(known);
+    if (entries != nullptr) {
+        for (const Dictionary::Entry& entry : entries->entries()) {
+            const Index held = byHandle(entry.object);
+            if (held != kNone && !at(held).erased) return false;
+        }
+        setErased(known, true);
+    }
+    Record& record = edit(object);
+    record.needExtras().extensionDictionary = 0;
+    record.trimExtras();
+    return true;
+}
+
+bool Drawing::standsIn(Index index, Index above) const
+{
+    constexpr int kMostOwners = 1000; // more run in a circle
+    for (int step = 0; index != kNone && step < kMostOwners; ++step) {
+        if (index == above) return true;
+        index = byHandle(at(index).owner);
+    }
+    return false;
 }
 
 } // namespace orvald::drawing

@@ -91,9 +91,15 @@ bool tableOf(std::string_view name, TableId& table)
     return true;
 }
 
+SymbolTable& Drawing::editTable(TableId table)
+{
+    if (journal_ != nullptr) journal_->saveTable(std::size_t(table));
+    return tables_[std::size_t(table)];
+}
+
 void Drawing::setTableHead(TableId table, Index head)
 {
-    tables_[std::size_t(table)].head = head;
+    editTable(table).head = head;
     ++changes_;
 }
 
@@ -108,7 +114,7 @@ bool Drawing::appendRecord(TableId table, Index record)
 {
     const std::string_view name = at(record).name();
     const bool mayRepeat = table == TableId::vport || (table == TableId::style && name.empty());
-    Table& mine = tables_[std::size_t(table)];
+    SymbolTable& mine = editTable(table);
     const auto [place, fresh] = mine.byName.try_emplace(nameKey(name), record);
     if (!fresh && at(place->second).erased) place->second = record;
     else if (!fresh && !mayRepeat) return false;
@@ -124,7 +130,7 @@ bool Drawing::renameRecord(TableId table, Index record, std::string_view name)
     const Index taken = findRecord(table, to);
     if (taken != kNone && taken != record) return false;
     if (from == to) return true;
-    auto& byName = tables_[std::size_t(table)].byName;
+    auto& byName = editTable(table).byName;
     byName.erase(nameKey(from));
     byName[nameKey(to)] = record;
     TagList fresh;

@@ -22,12 +22,9 @@ ErrNo EntityFunctions::entDel(ObjectId id)
     const Index index = drawing_.indexOf(id);
     if (index == kNone) return ErrNo::badName;
     const Record& record = drawing_.at(index);
-    if (record.isEntity() ? !record.isMainEntity() : record.family() != Family::object)
-        return ErrNo::badType;
-    if (index == drawing_.rootDictionary()) return ErrNo::badType;
+    if (!drawing_.mayErase(index)) return ErrNo::badType;
     if (record.isEntity() && drawing_.isLayerLocked(record.layer())) return ErrNo::lockedLayer;
-    drawing_.setErased(index, !record.erased);
-    return ErrNo::none;
+    return drawing_.setErased(index, !record.erased) ? ErrNo::none : ErrNo::badName;
 }
 
 ErrNo EntityFunctions::entNext(ObjectId id, ObjectId& next) const

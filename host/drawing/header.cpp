@@ -12,6 +12,7 @@ const TagList* HeaderVariables::find(std::string_view name) const
 
 TagList& HeaderVariables::need(std::string_view name)
 {
+    tellWatcher();
     const auto [place, fresh] = places_.try_emplace(std::string(name), variables_.size());
     if (fresh) variables_.push_back({std::string(name), {}});
     return variables_[place->second].value;
@@ -21,6 +22,7 @@ void HeaderVariables::remove(std::string_view name)
 {
     const auto place = places_.find(name);
     if (place == places_.end()) return;
+    tellWatcher();
     const std::size_t at = place->second;
     places_.erase(place);
     variables_.erase(variables_.begin() + static_cast<std::ptrdiff_t>(at));

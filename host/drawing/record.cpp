@@ -13,6 +13,7 @@ Record::Record(const Record& other)
     : handle(other.handle),
       owner(other.owner),
       erased(other.erased),
+      undone(other.undone),
       tags(other.tags),
       extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr),
       kind_(other.kind_),

@@ -53,7 +53,7 @@ const Record& asWritten(const Drawing& drawing, Index index, bool anyErased, Rec
     if (!anyErased) return record;
     const auto gone = [&](Handle handle) {
         const Index target = drawing.byHandle(handle);
-        return target != kNone && drawing.isGone(target);
+        return target != kNone && !drawing.at(target).undone && drawing.isGone(target);
     };
     scratch = record;
     const auto clean = [&](TagList& tags) {
@@ -79,6 +79,7 @@ bool Writer::run()
 {
     for (Index i = 0; i < drawing_.recordCount(); ++i) {
         const Record& record = drawing_.at(i);
+        if (record.undone) continue;
         anyErased_ = anyErased_ || record.erased;
         anyLoose_ = anyLoose_ || (record.family() == Family::object && record.owner == 0 &&
                                   i != drawing_.rootDictionary());
@@ -379,7 +380,7 @@ void Writer::entities()
 
 bool Writer::isSaved(Index object) const
 {
-    if (drawing_.at(object).family() != Family::object) return false;
+    if (drawing_.at(object).family() != Family::object || drawing_.at(object).undone) return false;
     if (!anyLoose_ && !anyErased_) return true;
     for (int step = 0; step < kMostOwners; ++step) {
         const Record& record = drawing_.at(object);

@@ -25,6 +25,8 @@ public:
     std::size_t size() const { return entries_.size(); }
     /// Null when there is no such key.
     const Entry* find(std::string_view key) const;
+    /// The first entry in key order; null when there is none.
+    const Entry* first() const { return size() == 0 ? nullptr : &entries().front(); }
     /// The first entry in key order whose key comes after `key`; null when there is none.
     const Entry* after(std::string_view key) const;
     /// Entry of that object; null when there is none.

@@ -6,6 +6,7 @@
 
 #include "drawing/handle_map.h"
 #include "drawing/header.h"
+#include "drawing/journal.h"
 #include "drawing/object_id.h"
 #include "drawing/record.h"
 
@@ -30,7 +31,7 @@ enum class TableId : std::uint8_t
     dimstyle,
     blockRecord
 };
-inline constexpr std::size_t kTableCount = 9;
+static_assert(std::size_t(TableId::blockRecord) + 1 == kTableCount);
 /// "LAYER".
 std::string_view tableName(TableId table);
 /// False when no table has that name; "BLOCK" means the block records.
@@ -71,6 +72,7 @@ public:
     Record& edit(Index index)
     {
         ++changes_;
+        touch(index);
         return slot(index).record;
     }
     ObjectId idOf(Index index) const
@@ -97,7 +99,7 @@ public:
     /// A new handle for such a record; its children follow.
     void giveHandle(Index index);
     /// A handle that no record has had.
-    Handle newHandle() { return nextHandle_++; }
+    Handle newHandle();
     /// What HANDSEED says: above all handles of the drawing.
     Handle nextHandle() const { return nextHandle_; }
     void reserveHandles(Handle upTo);
@@ -127,9 +129,18 @@ public:
     Index blockOf(Index entity) const;
     /// True when the record or any owner above it is erased.
     bool isGone(Index index) const;
-    /// Marks or restores; false when it is so already. Parts follow their entity by isGone; an
-    /// object that is erased leaves its dictionary.
+    /// Marks or restores; false when it is so already, or was never there. Parts follow their
+    /// entity by isGone; an object that is erased leaves its dictionary, and has no owner when it
+    /// is restored.
     bool setErased(Index index, bool erased);
+    /// False for what a drawing must have (tables and their records, the root dictionary) and for
+    /// parts of entities.
+    bool mayErase(Index index) const;
+    /// Two main entities, or two objects, change places: each gets the other's id, handle, owner
+    /// and persistent reactors, and takes its parts and entries along; also its extended data and
+    /// extension dictionary unless they stay. False for others, and for two of which one stands in
+    /// the other.
+    bool swapRecords(Index a, Index b, bool xdataStays, bool dictionaryStays);
 
     // Symbol tables ---------------------------------------------------------------------------
     /// Head record of a table; kNone in a drawing that lacks the table.
@@ -177,6 +188,14 @@ public:
     Index addDictionary(bool hardOwner);
     /// The extension dictionary of an object, made when it is missing or erased.
     Index needExtensionDictionary(Index object);
+    /// Erases the extension dictionary and cuts the link; false when it has entries.
+    bool releaseExtensionDictionary(Index object);
+    /// True when `index` is `above` or has it among its owners.
+    bool standsIn(Index index, Index above) const;
+
+    // Taking back -------------------------------------------------------------------------------
+    /// The journal of changes, which begins with the first call: nothing before can be taken back.
+    Journal& journal();
 
     // The rest of a drawing -----------------------------------------------------------------------
     HeaderVariables header;
@@ -187,32 +206,35 @@ public:
     std::size_t memory() const;
 
 private:
-    struct Slot
+    friend class Journal;
+    struct Slot : RecordState
     {
-        Record record;
-        Index previous = kNone, next = kNone; // under the same owner
+        std::uint32_t step = 0; // of the journal, in which the state was saved
     };
     static constexpr Index kChunk = 1024;
-    struct Table
-    {
-        Index head = kNone;
-        std::vector<Index> records;
-        std::unordered_map<std::string, Index> byName; // key of the name
-    };
 
     const Slot& slot(Index index) const { return chunks_[index / kChunk][index % kChunk]; }
     Slot& slot(Index index) { return chunks_[index / kChunk][index % kChunk]; }
     Index place(Record&& record);
+    /// Comes before every change of a place.
+    void touch(Index index)
+    {
+        if (slot(index).step != step_ && index < firstNew_) journal_->saveRecord(index);
+    }
+    SymbolTable& editTable(TableId table);
     void replaceName(TableId table, std::string_view from, std::string_view to);
 
     std::vector<std::unique_ptr<Slot[]>> chunks_;
     Index count_ = 0;
     HandleMap handles_;
     Handle nextHandle_ = 1;
-    std::array<Table, kTableCount> tables_;
+    std::array<SymbolTable, kTableCount> tables_;
     Index root_ = kNone;
     std::uint64_t changes_ = 0;
     std::uint16_t serial_ = 0;
+    std::unique_ptr<Journal> journal_;
+    std::uint32_t step_ = 0; // present step of the journal, 0 without one
+    Index firstNew_ = 0;     // places from here on are new in that step
 };
 
 /// Rows of the CLASSES section for the objects that every drawing holds.

@@ -20,6 +20,24 @@ public:
         TagList value; // one group, or several where a variable has them
     };
 
+    /// Is told before the variables change.
+    class Watcher
+    {
+    public:
+        virtual void headerChanges() = 0;
+
+    protected:
+        ~Watcher() = default;
+    };
+    /// Null: nobody. Copies are not watched.
+    void setWatcher(Watcher* watcher) { watcher_.to = watcher; }
+    /// Exchanges the variables; the watchers, which are not told, stay.
+    void swapValues(HeaderVariables& other)
+    {
+        variables_.swap(other.variables_);
+        places_.swap(other.places_);
+    }
+
     const std::vector<Variable>& all() const { return variables_; }
     bool has(std::string_view name) const { return find(name) != nullptr; }
     /// Null when there is no such variable.
@@ -51,6 +69,21 @@ private:
             return std::hash<std::string_view>{}(s);
         }
     };
+    /// A watcher watches one object: it is not copied.
+    struct Watched
+    {
+        Watched() = default;
+        Watched(const Watched&) {}
+        Watched& operator=(const Watched&) { return *this; }
+        ~Watched() = default;
+        Watcher* to = nullptr;
+    };
+    void tellWatcher()
+    {
+        if (watcher_.to != nullptr) watcher_.to->headerChanges();
+    }
+
+    Watched watcher_;
     std::vector<Variable> variables_;
     std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> places_;
 };

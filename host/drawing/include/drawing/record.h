@@ -35,11 +35,12 @@ struct Extras
     // BLOCK and ENDBLK of a block record.
     Index blockBegin = kNone, blockEnd = kNone;
     std::optional<Dictionary> dictionary; // entries of a dictionary
+    bool keepsReferences = false; // an xrecord whose copies name what it names; kept in memory only
 
     bool empty() const
     {
         return reactors.empty() && extensionDictionary == 0 && xdata.empty() &&
-               firstChild == kNone && blockBegin == kNone && !dictionary;
+               firstChild == kNone && blockBegin == kNone && !dictionary && !keepsReferences;
     }
 };
 
@@ -69,6 +70,7 @@ public:
     Handle handle = 0;
     Handle owner = 0;
     bool erased = false;
+    bool undone = false; // its making was taken back: it was never there
     /// All groups but handle, owner, extension dictionary, persistent reactors, extended data and
     /// dictionary entries. A group 0 at the front is the name of an unknown type.
     TagList tags;
