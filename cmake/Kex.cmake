@@ -15,6 +15,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(kex_flags INTERFACE -fno-gnu-unique -Wno-array-bounds -Wno-restrict
         -Wno-stringop-overflow)
 endif()
+if(WIN32)
+    # Nothing newer than Windows 7 is called. windows.h must not take "min" and "max" for its own.
+    target_compile_definitions(kex_flags INTERFACE _WIN32_WINNT=0x0601 NOMINMAX)
+endif()
 if(KEX_SANITIZE)
     # Instrumented code makes gcc see paths that there are not.
     target_compile_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE} -fno-omit-frame-pointer
@@ -31,6 +35,16 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+# On Windows the run-time libraries of the compiler stand beside the modules, which share them: an exception,
+# and a fault that is thrown as one, crosses from one library to another.
+if(WIN32)
+    foreach(library libgcc_s_dw2-1.dll libstdc++-6.dll libwinpthread-1.dll)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${library} OUTPUT_VARIABLE place
+            OUTPUT_STRIP_TRAILING_WHITESPACE)
+        configure_file(${place} ${CMAKE_LIBRARY_OUTPUT_DIRECTORY}/${library} COPYONLY)
+    endforeach()
+endif()
 
 # The standard library's headers are read once for each set of flags, not once a file: that is a third of
 # a build. Off, every file shows that it includes what it uses.
@@ -65,11 +79,29 @@ function(kex_public_headers target dir)
     endif()
 endfunction()
 
-# A missing function shows when the library is linked; the sanitizers' own come with the program.
+# A missing function shows when the library is linked, as it always does on Windows; the sanitizers' own
+# come with the program.
 function(kex_link_defined name)
-    if(NOT KEX_SANITIZE)
+    if(NOT KEX_SANITIZE AND NOT WIN32)
         target_link_options(${name} PRIVATE -Wl,-z,defs)
     endif()
+endfunction()
+
+# On Windows a library or module is linked with what it takes from the host, told from its objects and the
+# static libraries so far.
+function(kex_host_imports name)
+    if(NOT WIN32)
+        return()
+    endif()
+    get_property(archives GLOBAL PROPERTY KEX_ARCHIVES)
+    set(imports ${CMAKE_CURRENT_BINARY_DIR}/${name}_host.a)
+    set(script ${PROJECT_SOURCE_DIR}/cmake/host_imports.sh)
+    add_custom_command(TARGET ${name} PRE_LINK COMMAND_EXPAND_LISTS VERBATIM
+        COMMAND ${script} i686-w64-mingw32- ${PROJECT_SOURCE_DIR}/host/api ${imports}
+                $<TARGET_OBJECTS:${name}> ${archives})
+    # As an option, the file has no rule of its own; and whole, whatever libraries come behind it.
+    target_link_libraries(${name} PRIVATE -Wl,--whole-archive,${imports},--no-whole-archive)
+    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${script})
 endfunction()
 
 # kex_library(name DIR dir [SHARED output-name] [GUARDED] [DEPS ...] [PRIVATE_DEPS ...] SOURCES ...)
@@ -81,8 +113,10 @@ function(kex_library name)
         add_library(${name} SHARED ${A_SOURCES})
         set_target_properties(${name} PROPERTIES PREFIX "" OUTPUT_NAME ${A_SHARED})
         kex_link_defined(${name})
+        kex_host_imports(${name})
     else()
         add_library(${name} STATIC ${A_SOURCES})
+        set_property(GLOBAL APPEND PROPERTY KEX_ARCHIVES $<TARGET_FILE:${name}>)
     endif()
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/${A_DIR})
     set(flags kex_flags)
@@ -108,6 +142,7 @@ function(kex_module name)
     target_link_libraries(${name} PRIVATE kex_guarded_flags ${A_DEPS})
     kex_precompiled(${name} kex_guarded_flags)
     kex_link_defined(${name})
+    kex_host_imports(${name})
     if(NOT WIN32)
         set(map ${PROJECT_SOURCE_DIR}/cmake/module.map)
         target_link_options(${name} PRIVATE -Wl,--version-script=${map})

@@ -20,7 +20,8 @@ class RunningObjects
 {
 public:
     virtual ~RunningObjects() = default;
-    /// Enters the automation object of this module; the cookie, never 0, takes it out again.
+    /// Enters the automation object of this module; the cookie takes it out again, 0 when the
+    /// system refuses.
     virtual unsigned registerActive() = 0;
     virtual void revokeActive(unsigned cookie) = 0;
 };

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Boxes and dialog windows under the headless host, which has no windows: its boxes are lines on
-// the console, and a dialog is never open unless a test says so.
 #include "kex/dialog.h"
 
-#include "hostapi/headless.h"
+#include "dialog_platform.h"
 #include "hostapi/lisp.h"
 
 #include <vector>
@@ -25,11 +23,6 @@ void* DlgEnv_st::hWndApplic = nullptr;
 
 void alert(TextView text) { acedAlert(CKexString(text).c_str()); }
 
-bool askOkCancel(TextView caption, TextView text)
-{
-    return hostAskOkCancel(CKexString(caption).c_str(), CKexString(text).c_str());
-}
-
 void dlgStackPush(void* window) { dialogStack().push_back(window); }
 
 void* dlgStackPop()
@@ -43,9 +36,15 @@ void* dlgStackPop()
 
 bool dlgStackIsEmpty() { return dialogStack().empty(); }
 
-bool dialogActive() { return dialogSource != nullptr && dialogSource->isActive(); }
+bool dialogActive()
+{
+    return dialogSource == nullptr ? platform::dialogActive() : dialogSource->isActive();
+}
 
-void* activeWindow() { return dialogSource == nullptr ? nullptr : dialogSource->window(); }
+void* activeWindow()
+{
+    return dialogSource == nullptr ? platform::activeWindow() : dialogSource->window();
+}
 
 void dialogSourceSet(const DialogSource* source) { dialogSource = source; }
 

@@ -5,6 +5,8 @@
 // signal before.
 #include "kex/fault.h"
 
+#include "../exception_record.h"
+
 #include <csetjmp>
 #include <csignal>
 #include <cstdint>
@@ -21,13 +23,6 @@
 namespace {
 
 using Translator = CKexErrorHandler::Translator;
-
-/// Head of the C++ runtime's record of a thread's exceptions, as its binary interface fixes it.
-struct ExceptionRecord
-{
-    void* caught;
-    unsigned uncaught;
-};
 
 /// State of one thread; all zero but on the LISP thread. The signal handler reads it in the middle
 /// of any instruction, hence volatile: the compiler must not drop a change that it sees no reader
@@ -232,22 +227,13 @@ void restoreScope(const ScopeState& state)
     guard.jump = state.jump;
 }
 
-/// After a jump: ends the handling of exceptions that were being handled when it left.
-void dropExceptions(const ExceptionRecord& before)
-{
-    while (guard.exceptions->caught != nullptr && guard.exceptions->caught != before.caught) {
-        abi::__cxa_end_catch();
-    }
-    guard.exceptions->uncaught = before.uncaught;
-}
-
 } // namespace
 
 bool CKexErrorHandler::install() noexcept
 {
     if (installation.on) return guard.isLispThread;
     if (!takeSignalStack()) return false;
-    guard.exceptions = reinterpret_cast<ExceptionRecord*>(abi::__cxa_get_globals());
+    guard.exceptions = exceptionRecord();
     guard.stackLow = stackLowOfThread();
     guard.isLispThread = true;
     struct sigaction action = {};
@@ -305,7 +291,7 @@ bool KEX::guardedCall(void (*function)(void*), void* argument, unsigned& fault)
     sigjmp_buf here;
     if (sigsetjmp(here, 0) != 0) {
         restoreScope(before);
-        dropExceptions(exceptions);
+        dropExceptions(*guard.exceptions, exceptions);
         fault = guard.code;
         return false;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "file_calls.h"
 
-#include "kexos/files.h"
+#include "../fault_plan.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -12,30 +12,19 @@
 namespace kexos {
 namespace {
 
-struct FaultPlan
+/// The fault that this call shall have; the system's error tells of a full disk then.
+std::optional<FileFault> dueFault()
 {
-    int failing = 0; // number of the call that fails, 0: none
-    int made = 0;
-    FileFault fault = FileFault::error;
-};
-FaultPlan plan;
-
-/// True when this call shall fail.
-bool isDue()
-{
-    if (++plan.made != plan.failing) return false;
-    if (plan.fault == FileFault::kill) ::_exit(1);
-    errno = ENOSPC;
-    return true;
+    const std::optional<FileFault> fault = countFileCall();
+    if (fault == FileFault::kill) ::_exit(1);
+    if (fault.has_value()) errno = ENOSPC;
+    return fault;
 }
 
 /// True when this call shall fail with an error; a short write is none.
-bool failsNow() { return isDue() && plan.fault == FileFault::error; }
+bool failsNow() { return dueFault() == FileFault::error; }
 
 } // namespace
-
-void failFileCall(int n, FileFault fault) { plan = {n, 0, fault}; }
-int fileCalls() { return plan.made; }
 
 namespace calls {
 
@@ -47,10 +36,9 @@ int create(const std::string& path, mode_t mode)
 
 ssize_t write(int descriptor, const char* bytes, std::size_t count)
 {
-    if (isDue()) {
-        if (plan.fault == FileFault::error) return -1;
-        count = (count + 1) / 2;
-    }
+    const std::optional<FileFault> fault = dueFault();
+    if (fault == FileFault::error) return -1;
+    if (fault == FileFault::shortWrite) count = (count + 1) / 2;
     return ::write(descriptor, bytes, count);
 }
 

@@ -15,12 +15,12 @@ using ACHAR = char16_t;
 #endif
 static_assert(sizeof(ACHAR) == 2, "lengths are counted in UTF-16 units");
 
-#ifdef HOST_API_EXPORTS
+#ifndef _WIN32
 #define HOST_API __attribute__((visibility("default")))
-#elif defined(_WIN32)
-#define HOST_API __declspec(dllimport)
+#elif defined(HOST_API_EXPORTS)
+#define HOST_API __declspec(dllexport)
 #else
-#define HOST_API __attribute__((visibility("default")))
+#define HOST_API __declspec(dllimport)
 #endif
 
 using ads_real = double;

@@ -13,7 +13,8 @@
 #include <type_traits>
 
 /// While an object of this class lives, a fault on the LISP thread is thrown as unsigned int.
-/// Scopes nest. Entering and leaving costs a few nanoseconds.
+/// Scopes nest; an object stands on the stack, nowhere else. Entering and leaving costs a few
+/// nanoseconds.
 class KEX_BASE_API CKexErrorHandler
 {
 public:
@@ -40,6 +41,9 @@ public:
 
 private:
     Translator previous_;
+#ifdef _WIN32
+    void* entry_[3]; // in the thread's chain of exception handlers
+#endif
 };
 
 namespace KEX {

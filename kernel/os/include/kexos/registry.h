@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Settings of the user outside the configuration: keys, their sub-keys ("KEX\Dialogs") and string
-// values, all UTF-8. Here they live in one text file in the home folder, saved as a whole. Names
-// are equal without regard to the case of A to Z.
+// values, all UTF-8. Under Windows they stand in the registry, under "Software" of the current user;
+// elsewhere in one text file in the home folder, saved as a whole. Names are equal without regard to
+// the case of A to Z, under Windows to that of all letters.
 #pragma once
 
 #include "kex/export.h"
