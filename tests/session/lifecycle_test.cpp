@@ -137,6 +137,9 @@ TEST(Functions, AllRowsAreDefinedInTableOrder)
 TEST(Functions, EveryRowTakesAnyArgumentsWithoutFault)
 {
     Running running;
+    // Some of them change files and folders beneath the current one.
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(running.home.path());
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     for (const orvald::FunctionLine& function : running.session.functions()) {
@@ -148,6 +151,7 @@ TEST(Functions, EveryRowTakesAnyArgumentsWithoutFault)
     }
     testing::internal::GetCapturedStderr();
     testing::internal::GetCapturedStdout();
+    std::filesystem::current_path(before);
     EXPECT_FALSE(running.session.moduleFaulted());
     EXPECT_EQ(running.session.alerts(), 0);
 }

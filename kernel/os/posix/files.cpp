@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Whole files. What saves or copies writes a temporary file beside the target and holds a lock on
-// it: a temporary file without that lock was left by a process that ended, and may be removed.
+// Whole files. What saves or copies writes a temporary file beside the target and holds a shared
+// lock on it: a temporary file that can be locked exclusively was left by a process that ended, and
+// may be removed. Shared, so that whoever opens the file as soon as it has its name can read it.
 #include "kexos/files.h"
 
 #include "file_calls.h"
@@ -64,7 +65,7 @@ std::string resolved(const std::string& path)
 bool ownTemporary(int descriptor)
 {
     struct stat status = {};
-    return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 && ::fstat(descriptor, &status) == 0 &&
+    return ::flock(descriptor, LOCK_SH | LOCK_NB) == 0 && ::fstat(descriptor, &status) == 0 &&
            status.st_nlink == 1;
 }
 
