@@ -5,8 +5,7 @@
 #include "host.h"
 #include "registries.h"
 #include "text/letters.h"
-
-#include <utility>
+#include "undo_commands.h"
 
 namespace orvald {
 namespace {
@@ -34,23 +33,6 @@ Typed readName(std::u16string_view text)
     return typed;
 }
 
-/// Names the running command for a block.
-class RunningCommand
-{
-public:
-    RunningCommand(UserState& user, const std::u16string& name)
-        : user_(user), before_(std::exchange(user.command, name))
-    {
-    }
-    ~RunningCommand() { user_.command = before_; }
-    RunningCommand(const RunningCommand&) = delete;
-    RunningCommand& operator=(const RunningCommand&) = delete;
-
-private:
-    UserState& user_;
-    std::u16string before_;
-};
-
 /// Runs the command of that name; false when there is none.
 bool run(World& world, const Typed& typed)
 {
@@ -58,13 +40,11 @@ bool run(World& world, const Typed& typed)
     const CommandStack::Command* found =
         Host::instance().commands().find(typed.global ? u"_" + typed.name : typed.name);
     if (found != nullptr) {
-        const CommandStack::Command command = *found; // it may take itself off the stack
-        const RunningCommand running(document.user(), command.globalName);
-        if (command.owner == nullptr) command.function();
-        else command.owner->runCommand(command.function, command.globalName);
+        runCommand(&document, *found);
         return true;
     }
     if (!document.commands().contains(typed.name)) return false;
+    const UndoGroup group(document);
     world.apply(world.symbolValue(u"C:" + typed.name), {});
     return true;
 }
@@ -72,12 +52,20 @@ bool run(World& world, const Typed& typed)
 /// Takes the arguments as what a user types where a command is expected.
 void typeIn(World& world, Args args)
 {
-    for (const Value argument : args.all()) {
-        const std::u16string text = world.princ(argument);
+    int position = 0;
+    const auto next = [&]() -> std::optional<std::u16string> {
+        if (position == args.size()) return std::nullopt;
+        return world.princ(args[position++]);
+    };
+    while (position < args.size()) {
+        const Value argument = args[position];
+        const std::u16string text = *next();
         // Enter, and nil for Esc: nothing is running that they could end.
         if (argument.isNil() || text.empty()) continue;
         const Typed typed = readName(text);
-        if (argument.isString() && run(world, typed)) continue;
+        if (argument.isString() &&
+            (runUndoCommand(Document::of(world), typed.name, next) || run(world, typed)))
+            continue;
         world.host().print(u"Unknown command \"" + typed.name + u"\".\n");
         return; // the rest was meant for that command
     }

@@ -2,13 +2,50 @@
 #include "command_stack.h"
 
 #include "application.h"
+#include "document.h"
 #include "registries.h"
 #include "text/letters.h"
 
 #include <algorithm>
+#include <optional>
 #include <ranges>
+#include <utility>
 
 namespace orvald {
+namespace {
+
+/// Names the running command for a block.
+class RunningCommand
+{
+public:
+    RunningCommand(UserState& user, const std::u16string& name)
+        : user_(user), before_(std::exchange(user.command, name))
+    {
+    }
+    ~RunningCommand() { user_.command = before_; }
+    RunningCommand(const RunningCommand&) = delete;
+    RunningCommand& operator=(const RunningCommand&) = delete;
+
+private:
+    UserState& user_;
+    std::u16string before_;
+};
+
+} // namespace
+
+void runCommand(Document* document, CommandStack::Command command)
+{
+    std::optional<RunningCommand> running;
+    std::optional<Document::RunLock> lock;
+    std::optional<UndoGroup> group;
+    if (document != nullptr) {
+        running.emplace(document->user(), command.globalName);
+        group.emplace(*document);
+        if ((command.flags & ACRX_CMD_SESSION) == 0) lock.emplace(*document);
+    }
+    if (command.owner == nullptr) command.function();
+    else command.owner->runCommand(command.function, command.globalName);
+}
 
 Acad::ErrorStatus CommandStack::addCommand(const ACHAR* group, const ACHAR* globalName,
                                            const ACHAR* localName, Adesk_Int32 flags,

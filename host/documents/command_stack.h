@@ -11,6 +11,7 @@
 namespace orvald {
 
 class Application;
+class Document;
 
 class CommandStack final : public AcEdCommandStack
 {
@@ -40,5 +41,10 @@ public:
 private:
     std::vector<Command> commands_; // oldest first
 };
+
+/// Runs a command of an application, or of the host when it has no owner. In a document it is the
+/// running command, finds the document locked unless it is one of the session, and is one step to
+/// take back. `document` may be null.
+void runCommand(Document* document, CommandStack::Command command);
 
 } // namespace orvald

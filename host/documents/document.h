@@ -95,4 +95,20 @@ private:
     lisp::World world_; // last: its functions may reach everything above
 };
 
+/// What happens in a block is one step to take back.
+class UndoGroup
+{
+public:
+    explicit UndoGroup(Document& document) : journal_(document.drawing().journal())
+    {
+        journal_.beginGroup();
+    }
+    ~UndoGroup() { journal_.endGroup(); }
+    UndoGroup(const UndoGroup&) = delete;
+    UndoGroup& operator=(const UndoGroup&) = delete;
+
+private:
+    drawing::Journal& journal_;
+};
+
 } // namespace orvald

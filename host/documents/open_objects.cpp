@@ -15,7 +15,10 @@ namespace {
 
 constexpr int kMostReaders = 256;
 
-AcDbObjectAccess::State& stateOf(const AcDbObject& object) { return AcDbObjectAccess::state(object); }
+AcDbObjectAccess::State& stateOf(const AcDbObject& object)
+{
+    return AcDbObjectAccess::state(object);
+}
 
 /// eOk when `mode` is possible beside the openings that there are.
 Acad::ErrorStatus conflict(const AcDbObjectAccess::State& state, AcDb::OpenMode mode)

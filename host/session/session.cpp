@@ -75,6 +75,7 @@ struct Session::State
     {
         host.console().takeFailure();
         lisp::World& world = current().world();
+        current().drawing().journal().step(); // U takes back what this evaluation does
         Evaluation result = evaluationOf(world, run(world));
         result.failure = toUtf8(host.console().takeFailure());
         return result;
@@ -176,8 +177,7 @@ bool Session::command(const std::string& name)
 {
     const CommandStack::Command* command = state_->host.commands().find(toUtf16(name));
     if (command == nullptr) return false;
-    const CommandStack::Command copy = *command; // the stack may change while it runs
-    copy.owner->runCommand(copy.function, copy.globalName);
+    runCommand(state_->host.current(), *command);
     return true;
 }
 
