@@ -2,14 +2,12 @@
 // A call from LISP into the kernel against what it cannot avoid: every call owes two clock reads
 // for the function's totals, so the yardstick is a pair of steady_clock reads in the same run.
 // The loop's own cost is taken off. Nanoseconds a call, median of many rounds that take turns.
-#include "session/session.h"
+#include "bench_session.h"
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -58,12 +56,6 @@ double loopOf(orvald::Session& session, const char* function)
     return taken;
 }
 
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
 void define(orvald::Session& session, const std::string& name, const char* body)
 {
     session.eval("(defun " + name + " ( / s) (setq s \"Abwicklung\") (repeat " +
@@ -72,17 +64,8 @@ void define(orvald::Session& session, const std::string& name, const char* body)
 
 int measure()
 {
-    const std::string home =
-        (std::filesystem::temp_directory_path() / "orvald_call_bench").string();
-    orvald::SessionOptions options;
-    options.home = home;
-    options.quiet = true;
-    orvald::Session session(options);
-    std::string problem = session.problem();
-    if (!problem.empty() || !session.newDrawing(problem)) {
-        std::fprintf(stderr, "call_bench: %s\n", problem.c_str());
-        return 1;
-    }
+    kexbench::Running running("call_bench");
+    orvald::Session& session = running.session;
     std::array cases = {
         Case{"(kex_str_len s)", "(kex_str_len s)", "s"},
         Case{"(kex_g_bulg_ang 0.5)", "(kex_g_bulg_ang 0.5)", "0.5"},
@@ -102,12 +85,10 @@ int measure()
             calls[i].push_back(loopOf(session, ("(call" + number + ")").c_str()) - bare);
         }
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(home, ignored);
-    const double pair = median(pairs);
+    const double pair = kexbench::median(pairs);
     std::printf("%-34s %7.1f ns\n", "pair of clock reads", pair);
     for (std::size_t i = 0; i < cases.size(); ++i) {
-        const double call = median(calls[i]);
+        const double call = kexbench::median(calls[i]);
         std::printf("%-34s %7.1f ns %6.2f x\n", cases[i].name, call, call / pair);
     }
     return 0;

@@ -2,9 +2,8 @@
 // Listing a folder of 20,000 files from LISP against `find` of the same folder, started as a
 // program that prints to nowhere. Each order has the find that must look at as much of a file.
 // Milliseconds, median of rounds that take turns; the folder is in the system's cache.
-#include "session/session.h"
+#include "bench_session.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -39,18 +38,6 @@ double millisecondsOf(Work&& work)
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-[[noreturn]] void fail(const std::string& problem)
-{
-    std::fprintf(stderr, "file_bench: %s\n", problem.c_str());
-    std::exit(1);
-}
-
 /// Names as a drawing office has them, in no order.
 void makeFiles(const std::filesystem::path& folder)
 {
@@ -71,35 +58,25 @@ void compare(orvald::Session& session, const std::filesystem::path& folder)
                                  "' -mindepth 1 -maxdepth 1 -type f -printf '" + one.print +
                                  "' > /dev/null";
         session.eval(mode);
-        if (session.eval(call).value != std::to_string(kFiles)) fail("not all files are listed");
+        if (session.eval(call).value != std::to_string(kFiles))
+            kexbench::fail("not all files are listed");
         std::vector<double> ours, theirs;
         for (int round = 0; round < kRounds; ++round) {
             theirs.push_back(millisecondsOf([&] {
-                if (std::system(find.c_str()) != 0) fail("find fails");
+                if (std::system(find.c_str()) != 0) kexbench::fail("find fails");
             }));
             ours.push_back(millisecondsOf([&] { session.eval(call); }));
         }
-        const double a = median(ours), b = median(theirs);
+        const double a = kexbench::median(ours), b = kexbench::median(theirs);
         std::printf("%-24s kex_file_dir %7.1f ms   find %7.1f ms %6.2f x\n", one.name, a, b, a / b);
     }
 }
 
 int measure()
 {
-    const std::filesystem::path place =
-        std::filesystem::temp_directory_path() / "orvald_file_bench";
-    makeFiles(place / "files");
-    orvald::SessionOptions options;
-    options.home = (place / "home").string();
-    options.quiet = true;
-    {
-        orvald::Session session(options);
-        std::string problem = session.problem();
-        if (!problem.empty() || !session.newDrawing(problem)) fail(problem);
-        compare(session, place / "files");
-    }
-    std::error_code ignored;
-    std::filesystem::remove_all(place, ignored);
+    kexbench::Running running("file_bench");
+    makeFiles(running.path() / "files");
+    compare(running.session, running.path() / "files");
     return 0;
 }
 

@@ -4,13 +4,11 @@
 // value, as LISP hands them over, and results come out by value. A text is rows of a list file,
 // "Abwicklun;" again and again; what is searched for stands at its end. The LISP loop's own cost is
 // taken off. Microseconds a call, median of rounds that take turns; every result is checked first.
-#include "session/session.h"
+#include "bench_session.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -105,12 +103,6 @@ std::string evaluated(orvald::Session& session, const std::string& expression)
     std::exit(1);
 }
 
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
 void compare(orvald::Session& session, const Case& one, std::size_t units)
 {
     const std::u16string text = textOf(units);
@@ -139,24 +131,15 @@ void compare(orvald::Session& session, const Case& one, std::size_t units)
         ours.push_back(microsecondsPer(start, calls) - bare);
     }
     if (sum == 0) std::abort(); // keeps the work
-    const double own = median(ours), peer = median(peers);
+    const double own = kexbench::median(ours), peer = kexbench::median(peers);
     std::printf("%-22s %8zu units %12.3f us %12.3f us %7.2f x\n", one.name, units, own, peer,
                 own / peer);
 }
 
 int measure()
 {
-    const std::string home =
-        (std::filesystem::temp_directory_path() / "orvald_string_bench").string();
-    orvald::SessionOptions options;
-    options.home = home;
-    options.quiet = true;
-    orvald::Session session(options);
-    std::string problem = session.problem();
-    if (!problem.empty() || !session.newDrawing(problem)) {
-        std::fprintf(stderr, "string_bench: %s\n", problem.c_str());
-        return 1;
-    }
+    kexbench::Running running("string_bench");
+    orvald::Session& session = running.session;
     std::printf("%-22s %14s %15s %15s\n", "", "", "LISP", "std::u16string");
     for (const Case& one : kCases) {
         for (const std::size_t units : {std::size_t(10), std::size_t(1000), std::size_t(1000000)}) {
@@ -167,8 +150,6 @@ int measure()
             compare(session, one, units);
         }
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(home, ignored);
     return 0;
 }
 
