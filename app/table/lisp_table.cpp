@@ -45,6 +45,17 @@
 #include "functions/app_rows.h"
 #include "geom/angle_rows.h"
 #include "geom/construction_rows.h"
+#include "geom/entity_rows.h"
+#include "geom/graphics_rows.h"
+#include "geom/line_rows.h"
+#include "geom/matrix_rows.h"
+#include "geom/plane_rows.h"
+#include "geom/point_rows.h"
+#include "geom/polygon_rows.h"
+#include "geom/prism_rows.h"
+#include "geom/region_list_rows.h"
+#include "geom/rounding_rows.h"
+#include "geom/shape_rows.h"
 #include "geom/vertex_list_rows.h"
 #include "geom/vertex_lists_rows.h"
 #include "geom/vertex_rows.h"
@@ -68,14 +79,16 @@ constexpr auto join(const LispRow (&... families)[Sizes])
 
 constexpr auto kTable =
     join(kTextRows, kCommandRows, kStrRows, kFileRows, kDialogStackRows, kPromptRows, kDialogRows,
-         kAngleRows, kConstructionRows, kVertexRows, kVertexListRows, kVertexListsRows,
-         kXrecordRows, kStrCheckRows, kDataRows, kObjectTypeRows, kObjectDictRows, kObjectRows,
-         kVersionRows, kTimeStampRows, kLabelEditRows, kRoundingRows, kPanelOutlineRows, kBarRows,
-         kSolidRows, kBgrRows, kGdxRows, kNormRows, kPipeRows, kSheetRows, kMatRows, kDimRows,
-         kElemRows, kBRows, kRegionRows, kWeldRows, kAcadRows, kAteRows, kLibRows, kPanelRows,
-         kDtaRows, kConfigRows, kXml3Rows, kC3dRows, kBuildRows, kBanisterRows, kDrillRows,
-         kLdrRows, kClbRows, kDrawingDictRows, kDwgRows, kWallRows, kShellRows, kFrontRows, kHzRows,
-         kIfcRows, kGlazingRows, kGridRows, kSealRows);
+         kAngleRows, kPointRows, kConstructionRows, kGraphicsRows, kRoundedRows, kLineRows,
+         kPlaneRows, kVectorRows, kElevationRows, kViewRows, kShapeRows, kMatrixRows, kPolygonRows,
+         kEntityRows, kEntityListRows, kPrismRows, kRegionListRows, kVertexRows, kVertexListRows,
+         kVertexListsRows, kXrecordRows, kStrCheckRows, kDataRows, kObjectTypeRows, kObjectDictRows,
+         kObjectRows, kVersionRows, kTimeStampRows, kLabelEditRows, kRoundingRows,
+         kPanelOutlineRows, kBarRows, kSolidRows, kBgrRows, kGdxRows, kNormRows, kPipeRows,
+         kSheetRows, kMatRows, kDimRows, kElemRows, kBRows, kRegionRows, kWeldRows, kAcadRows,
+         kAteRows, kLibRows, kPanelRows, kDtaRows, kConfigRows, kXml3Rows, kC3dRows, kBuildRows,
+         kBanisterRows, kDrillRows, kLdrRows, kClbRows, kDrawingDictRows, kDwgRows, kWallRows,
+         kShellRows, kFrontRows, kHzRows, kIfcRows, kGlazingRows, kGridRows, kSealRows);
 
 static_assert(kTable.size() == kLispCount);
 static_assert(TextView(kTable.front().name) == KT("c:convtext"));
@@ -112,7 +125,6 @@ static_assert(countOf({KT("kex_g_vl_")}) == 95);
 static_assert(countOf({KT("kex_g_vx_")}) == 24);
 static_assert(countOf({KT("kex_g_vll_"), KT("kex_g_xv"), KT("kex_g_gv")}) == 21);
 static_assert(std::size(kAngleRows) == 31);
-static_assert(std::size(kConstructionRows) == 154);
 static_assert(countOf({KT("kex_g_")}) == 95 + 24 + 21 + 31 + 154);
 static_assert(countOf({KT("kex_str_"), KT("kex_chr"), KT("kex_ascii")}) == 36);
 static_assert(countOf({KT("kex_file_")}) == 22);
