@@ -94,6 +94,24 @@ bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list)
     return true;
 }
 
+bool readKeyList(const resbuf*& rb, CKexArrayTempl<CKexDataKey>& list)
+{
+    if (rb == nullptr || (rb->restype != RTLB && rb->restype != RTNIL)) return false;
+    const resbuf* node = rb;
+    if (rb->restype == RTLB) {
+        CKexDataKey key;
+        for (node = rb->rbnext; dataKeyFromRb(key, node);) list.append(key);
+        if (node == nullptr || node->restype != RTLE) return false;
+    }
+    rb = node->rbnext;
+    return true;
+}
+
+bool isListNode(const resbuf& node)
+{
+    return node.restype == RTLB || node.restype == RT3DPOINT || node.restype == RTPOINT;
+}
+
 CKexString ArgReader::string(int position) { return text(position); }
 
 TextView ArgReader::text(int position)
@@ -141,6 +159,36 @@ CKexArrayTempl<CKexString> ArgReader::stringList(int position)
     return value;
 }
 
+CKexDataKey ArgReader::key(int position)
+{
+    CKexDataKey value;
+    if (!failed()) require(dataKeyFromRb(value, at_), position);
+    return value;
+}
+
+CKexDataItem ArgReader::data(int position)
+{
+    if (failed()) return CKexDataItem();
+    const std::unique_ptr<CKexDataItem> item = CKexDataItem::fromRb(at_);
+    require(item != nullptr, position);
+    return item == nullptr ? CKexDataItem() : std::move(*item);
+}
+
+CKexDataItem ArgReader::dataList(int position)
+{
+    require(at_ != nullptr && (at_->restype == RTNIL || isListNode(*at_)), position);
+    return data(position);
+}
+
+CAdsName ArgReader::ename(int position)
+{
+    require(at_ != nullptr && at_->restype == RTENAME, position);
+    if (failed()) return CAdsName();
+    const CAdsName name(at_->resval.rlname);
+    at_ = at_->rbnext;
+    return name;
+}
+
 template <class T>
 std::optional<T> ArgReader::ifAny(T (ArgReader::*read)(int), int position)
 {
@@ -163,6 +211,13 @@ std::optional<int> ArgReader::integerIfAny(int position)
 std::optional<double> ArgReader::numberIfAny(int position)
 {
     return ifAny(&ArgReader::number, position);
+}
+
+CKexArrayTempl<CKexDataKey> ArgReader::keyListIfAny(int position)
+{
+    CKexArrayTempl<CKexDataKey> value;
+    if (!failed() && at_ != nullptr) require(readKeyList(at_, value), position);
+    return value;
 }
 
 bool ArgReader::flag()

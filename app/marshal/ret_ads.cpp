@@ -39,6 +39,13 @@ int retList(CSmartResbuf&& chain)
     return returnRb(list);
 }
 
+int retValue(const resbuf* value)
+{
+    if (value == nullptr) return retAds(false);
+    CSmartResbuf copy = RbBuilder().copyValue(value).take();
+    return returnRb(copy);
+}
+
 int retVoid()
 {
     acedRetVoid();

@@ -162,6 +162,27 @@ bool str_to_unit(TextView text, int unit, double& length)
     return true;
 }
 
+bool str_to_number(TextView text, double& number)
+{
+    const CKexString trimmed = CKexString(text).trim();
+    TextView rest = trimmed;
+    const bool negative = !rest.empty() && rest[0] == KT('-');
+    if (negative || (!rest.empty() && rest[0] == KT('+'))) rest.remove_prefix(1);
+    // Nothing but the characters of a number: what from_chars knows as words is none here.
+    std::string digits;
+    for (const ACHAR unit : rest) {
+        const bool known = isDigit(unit) || TextView(KT(".,eE+-")).find(unit) != TextView::npos;
+        if (!known) return false;
+        digits += unit == KT(',') ? '.' : static_cast<char>(unit);
+    }
+    const char* const last = digits.data() + digits.size();
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(digits.data(), last, value);
+    if (error != std::errc() || end != last || digits.front() == '-') return false;
+    number = negative ? 0.0 - value : value; // never -0.0
+    return true;
+}
+
 CKexString str_gd_key(double number)
 {
     CKexString text = format(KT("{:.4f}"), number);

@@ -46,6 +46,18 @@ bool CBinFile::close()
     return was == Mode::reading || (was == Mode::writing && fileSave(file_, bytes));
 }
 
+bool binLoad(TextView file, CKexDataItem& item)
+{
+    CBinFile source;
+    return source.open(file, KT("r")) && item.read(source);
+}
+
+bool binSave(TextView file, const CKexDataItem& item)
+{
+    CBinFile target;
+    return target.open(file, KT("w")) && item.write(target, BinOptions()) && target.close();
+}
+
 } // namespace KEX
 
 bool CKexDataItem::write(KEX::CBinFile& file, const KEX::BinOptions& options) const

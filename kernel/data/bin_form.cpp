@@ -414,6 +414,12 @@ std::string binEncode(const CKexDataDir& directory, const BinOptions& options)
     return std::move(writer).file();
 }
 
+std::uint32_t binCheck(std::string_view bytes)
+{
+    KEX_ASSERT(bytes.size() >= kCheckSize, "a data file ends with its check");
+    return littleEndian(bytes.substr(bytes.size() - kCheckSize));
+}
+
 std::optional<CKexDataItem> binDecode(std::string_view bytes)
 {
     if (bytes.size() < kHeaderSize + kCheckSize || !bytes.starts_with(kMagic)) return std::nullopt;
@@ -424,7 +430,7 @@ std::optional<CKexDataItem> binDecode(std::string_view bytes)
         return std::nullopt;
     }
     const std::string_view payload = bytes.substr(kHeaderSize, size);
-    if (littleEndian(bytes.substr(kHeaderSize + size)) != crc32(payload)) return std::nullopt;
+    if (binCheck(bytes) != crc32(payload)) return std::nullopt;
     CKexDataItem item;
     if (!Reader(payload).node(item)) return std::nullopt;
     return item;

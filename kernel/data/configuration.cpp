@@ -4,6 +4,7 @@
 #include "kex/dialog.h"
 #include "kex/files.h"
 #include "kex/format.h"
+#include "kex/units.h"
 #include "kexdata/bin_file.h"
 
 namespace KEX {
@@ -86,6 +87,13 @@ bool cfg_get(const CKexDataKey& key, CKexString& value)
 {
     const CKexDataItem* item = cfg_get(key);
     return item != nullptr && item->get(value);
+}
+
+double cfg_length(const CKexDataKey& key, int unit)
+{
+    double length = 0.0;
+    cfg_get(key, length);
+    return acadUnitCv(length, Kex::kUnitMillimetre, unit);
 }
 
 bool cfg_set(const CKexDataKey& key, CKexDataItem value)

@@ -264,9 +264,8 @@ CKexArrayTempl<CKexDataKey> CKexDataDir::keys(bool sorted) const
 
 bool CKexDataDir::loadFromFile(KEX::TextView file)
 {
-    KEX::CBinFile source;
     CKexDataItem item;
-    if (!source.open(file, KT("r")) || !item.read(source) || !item.isDir()) return false;
+    if (!KEX::binLoad(file, item) || !item.isDir()) return false;
     swap(*item.getDir());
     return true;
 }

@@ -19,12 +19,6 @@ bool appendPart(CKexDataKey& key, const resbuf& node)
     }
 }
 
-void putPart(RbBuilder& to, const DataKeyPart& part)
-{
-    if (part.isText()) to.text(part.text());
-    else to.integer(part.number());
-}
-
 } // namespace
 
 int DataKeyView::compare(const DataKeyView& a, const DataKeyView& b)
@@ -52,15 +46,21 @@ bool dataKeyFromRb(CKexDataKey& key, const resbuf*& rb)
     return true;
 }
 
+void rbPut(RbBuilder& to, const DataKeyPart& part)
+{
+    if (part.isText()) to.text(part.text());
+    else to.integer(part.number());
+}
+
 void rbPut(RbBuilder& to, const CKexDataKey& key)
 {
     if (key.isEmpty()) {
         to.nil();
     } else if (key.length() == 1) {
-        putPart(to, key.first());
+        rbPut(to, key.first());
     } else {
         to.begin();
-        for (const DataKeyPart& part : key) putPart(to, part);
+        for (const DataKeyPart& part : key) rbPut(to, part);
         to.end();
     }
 }

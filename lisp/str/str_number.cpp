@@ -11,22 +11,12 @@
 namespace KEX {
 namespace {
 
-/// The first argument as it came, nil when there is none.
-int retArgument(const resbuf* args)
-{
-    if (args == nullptr) return retAds(false);
-    CSmartResbuf value = RbBuilder().copyValue(args).take();
-    return returnRb(value);
-}
-
-/// A setting, kept in millimetres, in a unit; 0.0 when it is not there.
+/// A setting in a unit; 0.0 when it is not there.
 int retSetting(const resbuf* args, const ACHAR* name)
 {
     int unit = Kex::kUnitDrawing;
     readInteger(args, unit); // kept: what is no integer is no unit
-    double length = 0.0;
-    cfg_get(name, length);
-    return retAds(acadUnitCv(length, Kex::kUnitMillimetre, unit));
+    return retAds(cfg_length(name, unit));
 }
 
 } // namespace
@@ -71,12 +61,12 @@ int strGdKey(const resbuf* args)
 {
     double number = 0.0;
     const resbuf* node = args;
-    return readNumber(node, number) ? retAds(str_gd_key(number)) : retArgument(args);
+    return readNumber(node, number) ? retAds(str_gd_key(number)) : retValue(args);
 }
 
 int strKeyGd(const resbuf* args)
 {
-    if (args == nullptr || args->restype != RTSTR) return retArgument(args);
+    if (args == nullptr || args->restype != RTSTR) return retValue(args);
     return retAds(str_key_gd(args->resval.rstring));
 }
 

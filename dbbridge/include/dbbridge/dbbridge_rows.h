@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Data items in the drawing: extension records, extended data, dictionaries.
+// Data items: in the drawing, as extension records, through the cache and in dictionaries; and as
+// LISP lists and files.
 #pragma once
 
 #include "marshal/lisp_row.h"
 
 namespace KEX {
+
+LispFn dBread, dBwrite, dLabelGet, dLabelSet, dVal, dValSet, dDirp, dKey, dEqual, dMerge, dCrc,
+    dXLogIor, dXBit, dXBitSet, dChkType, dChkNum;
 
 inline constexpr LispRow kXrecordRows[] = {
     {KT("kex_xr_obj"), notBuilt, KT("en, [T or nil create = nil]"), KT("en or nil")},
@@ -20,8 +24,8 @@ inline constexpr LispRow kXrecordRows[] = {
     {KT("kex_dxr_get"), notBuilt, KT("key or en, key"), KT("any or nil")},
     {KT("kex_dxr_mod"), notBuilt, KT("key or en, key, value or nil"), KT("en or nil")},
     {KT("kex_dxr_dir"), notBuilt, KT("key or en, key, [T or nil deep]"), KT("list of keys or nil")},
-    {KT("kex_d_bread"), notBuilt, KT("str file"), KT("list or nil")},
-    {KT("kex_d_bwrite"), notBuilt, KT("str file, list data"), KT("T or nil")},
+    {KT("kex_d_bread"), dBread, KT("str file"), KT("list or nil")},
+    {KT("kex_d_bwrite"), dBwrite, KT("str file, list data"), KT("T or nil")},
     {KT("kex_d_hardpointer"), notBuilt, KT("en owner, str list, en target or nil"), KT("T or nil")},
     {KT("kex_d_hardpointer_rem"), notBuilt, KT("en owner, str list, en target"), KT("T or nil")},
     {KT("kex_d_hardpointer_get"), notBuilt, KT("en owner, str list"), KT("list of en or nil")},
@@ -29,30 +33,30 @@ inline constexpr LispRow kXrecordRows[] = {
 
 inline constexpr LispRow kDataRows[] = {
     {KT("kex_d_xdflush"), notBuilt, KT("[en]"), KT("T")},
-    {KT("kex_d_label_get"), notBuilt, KT("str text, [str context = current language]"), KT("str")},
-    {KT("kex_d_bez_get"), notBuilt, KT("str text, [str context = current language]"), KT("str")},
-    {KT("kex_d_label_set"), notBuilt, KT("str text or nil, str context or nil, str new or nil"),
+    {KT("kex_d_label_get"), dLabelGet, KT("str text, [str context = current language]"), KT("str")},
+    {KT("kex_d_bez_get"), dLabelGet, KT("str text, [str context = current language]"), KT("str")},
+    {KT("kex_d_label_set"), dLabelSet, KT("str text or nil, str context or nil, str new or nil"),
      KT("str")},
-    {KT("kex_d_bez_set"), notBuilt, KT("str text or nil, str context or nil, str new or nil"),
+    {KT("kex_d_bez_set"), dLabelSet, KT("str text or nil, str context or nil, str new or nil"),
      KT("str")},
     {KT("kex_d_get"), notBuilt, KT("en, key, [any default]"), KT("any")},
-    {KT("kex_d_val"), notBuilt, KT("list data, key, [any default]"), KT("any")},
-    {KT("kex_d_val_set"), notBuilt, KT("list data or nil, key, any value or nil"),
+    {KT("kex_d_val"), dVal, KT("list data, key, [any default]"), KT("any")},
+    {KT("kex_d_val_set"), dValSet, KT("list data or nil, key, any value or nil"),
      KT("list or nil")},
-    {KT("kex_d_dirp"), notBuilt, KT("any"), KT("T or nil")},
-    {KT("kex_d_key"), notBuilt, KT("any"), KT("list or nil")},
+    {KT("kex_d_dirp"), dDirp, KT("any"), KT("T or nil")},
+    {KT("kex_d_key"), dKey, KT("any"), KT("list or nil")},
     {KT("kex_d_copy"), notBuilt, KT("en from, en to, [key = whole item]"), KT("T or nil")},
     {KT("kex_d_remove"), notBuilt, KT("en, [T all]"), KT("T or nil")},
-    {KT("kex_d_equal"), notBuilt, KT("data a, data b, [list of keys ignored], [num tol = _RNDF]"),
+    {KT("kex_d_equal"), dEqual, KT("data a, data b, [list of keys ignored], [num tol = _RNDF]"),
      KT("T or nil")},
     {KT("kex_d_find"), notBuilt, KT("key, [any value], [el]"), KT("list of en or nil")},
-    {KT("kex_d_merge"), notBuilt, KT("list data a or nil, list data b or nil"), KT("list or nil")},
-    {KT("kex_d_crc"), notBuilt, KT("any data"), KT("str")},
-    {KT("kex_d_xlogior"), notBuilt, KT("str a, str b"), KT("str")},
-    {KT("kex_d_xbit"), notBuilt, KT("str a, int n"), KT("T or nil")},
-    {KT("kex_d_xbit_set"), notBuilt, KT("str a, int n, T or nil"), KT("str")},
-    {KT("kex_d_chktype"), notBuilt, KT("list of values, str pattern"), KT("int or nil")},
-    {KT("kex_d_chknum"), notBuilt, KT("str s, [num min], [num max]"), KT("real or nil")},
+    {KT("kex_d_merge"), dMerge, KT("list data a or nil, list data b or nil"), KT("list or nil")},
+    {KT("kex_d_crc"), dCrc, KT("any data"), KT("str")},
+    {KT("kex_d_xlogior"), dXLogIor, KT("str a, str b"), KT("str")},
+    {KT("kex_d_xbit"), dXBit, KT("str a, int n"), KT("T or nil")},
+    {KT("kex_d_xbit_set"), dXBitSet, KT("str a, int n, T or nil"), KT("str")},
+    {KT("kex_d_chktype"), dChkType, KT("list of values, str pattern"), KT("int or nil")},
+    {KT("kex_d_chknum"), dChkNum, KT("str s, [num min], [num max]"), KT("real or nil")},
 };
 
 inline constexpr LispRow kObjectDictRows[] = {

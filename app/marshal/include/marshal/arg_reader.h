@@ -16,6 +16,7 @@
 #include "kex/point.h"
 #include "kex/string.h"
 #include "kex/vertex.h"
+#include "kexdata/data_item.h"
 
 #include <optional>
 
@@ -42,10 +43,21 @@ public:
     /// A list of nothing but strings; nil is the empty list.
     CKexArrayTempl<CKexString> stringList(int position);
 
+    /// A key; nil and "" are the empty one.
+    CKexDataKey key(int position);
+    /// Any value that data can hold.
+    CKexDataItem data(int position);
+    /// A list of any kind, a directory or not, or nil.
+    CKexDataItem dataList(int position);
+    /// The name of a drawing object, which may be erased.
+    CAdsName ename(int position);
+
     // -- optional arguments: missing or nil is nothing, another type is an error
     std::optional<CKexString> stringIfAny(int position);
     std::optional<int> integerIfAny(int position);
     std::optional<double> numberIfAny(int position);
+    /// A list of keys; none when it is missing or nil.
+    CKexArrayTempl<CKexDataKey> keyListIfAny(int position);
 
     /// True for T; nil, a missing argument and anything else are false, never an error.
     bool flag();
@@ -81,5 +93,8 @@ bool readPoint(const resbuf*& rb, CKexPoint3d& point);
 bool readVertex(const resbuf*& rb, CKexVertex& vertex);
 bool readVertexList(const resbuf*& rb, CKexVertexArray& list);
 bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list);
+bool readKeyList(const resbuf*& rb, CKexArrayTempl<CKexDataKey>& list);
+/// True for a node at which a list begins, and for one that is a list to LISP: a point.
+bool isListNode(const resbuf& node);
 
 } // namespace KEX

@@ -20,6 +20,9 @@ int returnRb(resbuf* chain);
 int retList(const resbuf* chain);
 int retList(CSmartResbuf&& chain);
 
+/// The value that starts at a node, as it came in an argument; nil when there is none.
+int retValue(const resbuf* value);
+
 /// A result that is nothing: the host echoes nothing.
 int retVoid();
 /// T or nil.

@@ -28,4 +28,14 @@ KEX_BASE_API CKexString bitString(std::uint32_t value);
 /// The value of a bit-string; a text that begins with "0x" has its digits in the usual order.
 KEX_BASE_API std::uint32_t bitsOf(const CKexString& text);
 
+/// Bit n of a value, 0 the lowest; none beyond 0 to 31.
+constexpr bool bitAt(std::uint32_t bits, int n) { return n >= 0 && n < 32 && (bits >> n & 1) != 0; }
+/// The value with bit n set or cleared; as it is for an n beyond 0 to 31.
+constexpr std::uint32_t bitsWith(std::uint32_t bits, int n, bool set)
+{
+    if (n < 0 || n >= 32) return bits;
+    const std::uint32_t bit = std::uint32_t(1) << n;
+    return set ? bits | bit : bits & ~bit;
+}
+
 } // namespace KEX

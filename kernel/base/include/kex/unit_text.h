@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Lengths written as people write them, and the texts by which sizes serve as keys.
+// Lengths and numbers written as people write them, and the texts by which sizes serve as keys.
 #pragma once
 
 #include "kex/string.h"
@@ -16,6 +16,11 @@ namespace KEX {
 /// are read in either case, but the metre is a small m. Without a unit the number is in `unit`
 /// already. Blanks between the elements do not count.
 KEX_BASE_API bool str_to_unit(TextView text, int unit, double& length);
+
+/// The number that a text, blanks at its ends aside, is wholly: [+-] digits with at most one "." or
+/// "," among them, and an exponent. False, and the result left alone, for all else, and for what
+/// no real can hold.
+KEX_BASE_API bool str_to_number(TextView text, double& number);
 
 /// A number as key: at most four decimals, without zeros or a point at the end; "0", never "-0".
 KEX_BASE_API CKexString str_gd_key(double number);

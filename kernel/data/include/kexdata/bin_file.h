@@ -60,6 +60,12 @@ KEX_DATA_API std::string binEncode(const CKexDataItem& item, const BinOptions& o
 KEX_DATA_API std::string binEncode(const CKexDataDir& directory, const BinOptions& options = {});
 /// The item of a data file's bytes; nothing unless all of them are as binEncode writes them.
 KEX_DATA_API std::optional<CKexDataItem> binDecode(std::string_view bytes);
+/// Reads a data file. False, and no change, when it cannot be read or is damaged.
+KEX_DATA_API bool binLoad(TextView file, CKexDataItem& item);
+/// Saves a data file as a whole; false on failure.
+KEX_DATA_API bool binSave(TextView file, const CKexDataItem& item);
+/// The check that stands at the end of a data file's bytes.
+KEX_DATA_API std::uint32_t binCheck(std::string_view bytes);
 /// CRC-32 (IEEE 802.3, as in zip).
 KEX_DATA_API std::uint32_t crc32(std::string_view bytes);
 

@@ -21,6 +21,10 @@ KEX_DATA_API bool cfg_get(const CKexDataKey& key, int& value);
 KEX_DATA_API bool cfg_get(const CKexDataKey& key, double& value);
 KEX_DATA_API bool cfg_get(const CKexDataKey& key, CKexString& value);
 
+/// A length, which settings keep in millimetres, in a unit of Kex::lUnit, -1 for the drawing's; 0.0
+/// when it is absent.
+KEX_DATA_API double cfg_length(const CKexDataKey& key, int unit);
+
 /// Puts a value at a key; nil removes it. False for the empty key and where a value stands on the
 /// way.
 KEX_DATA_API bool cfg_set(const CKexDataKey& key, CKexDataItem value);

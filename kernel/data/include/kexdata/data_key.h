@@ -122,6 +122,8 @@ namespace KEX {
 /// nil, the empty key. Moves `rb` behind the value. False, with `rb` and `key` unchanged, when the
 /// value is no key or the chain is over.
 KEX_DATA_API bool dataKeyFromRb(CKexDataKey& key, const resbuf*& rb);
+/// One component.
+KEX_DATA_API void rbPut(RbBuilder& to, const DataKeyPart& part);
 /// LISP form: one component alone, else the list of them; the empty key is nil.
 KEX_DATA_API void rbPut(RbBuilder& to, const CKexDataKey& key);
 
