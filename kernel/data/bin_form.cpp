@@ -5,7 +5,7 @@
 #include "kexdata/bin_file.h"
 
 #include "kex/entity.h"
-#include "list_builder.h"
+#include "kexdata/list_builder.h"
 
 #include <algorithm>
 #include <bit>

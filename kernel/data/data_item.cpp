@@ -3,7 +3,7 @@
 #include "kexdata/data_item.h"
 
 #include "kexdata/data_dir.h"
-#include "list_builder.h"
+#include "kexdata/list_builder.h"
 
 #include <algorithm>
 #include <cstring>

@@ -4,7 +4,7 @@
 
 #include "data_access.h"
 #include "kex/rb_tokens.h"
-#include "list_builder.h"
+#include "kexdata/list_builder.h"
 
 using KEX::DataKeyView;
 using KEX::RbBuilder;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // A list that joins the one before it loses its marks: the end at once, the beginning when the
 // whole is taken, so that nothing is moved twice however deep the lists nest.
-#include "list_builder.h"
+#include "kexdata/list_builder.h"
 
 #include "data_access.h"
 

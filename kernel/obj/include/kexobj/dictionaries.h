@@ -14,11 +14,11 @@ namespace KEX {
 KEX_OBJ_API AcDbDatabase* currentDatabase();
 
 /// The dictionary at a key; the root for the empty one. With `create` those that are missing are
-/// made. Null when it is absent, and when something else has one of the names.
+/// made, all or none. Null when it is absent, when something else has one of the names, and when
+/// one of them is no name for a dictionary entry.
 KEX_OBJ_API AcDbObjectId dictId(AcDbDatabase* database, const CKexDataKey& key, bool create);
 /// The xrecord at a key, whose last component is its name in the dictionary at the others; with
-/// `create` all that is missing is made. Null when it is absent, for the empty key, and when
-/// something else has one of the names.
+/// `create` all that is missing is made. Null when it is absent, for the empty key, and as above.
 KEX_OBJ_API AcDbObjectId dictXrecId(AcDbDatabase* database, const CKexDataKey& key, bool create);
 
 /// An entry of a dictionary.
@@ -34,8 +34,8 @@ KEX_OBJ_API CKexArrayTempl<DictEntry> dictDir(AcDbObjectId dictionary);
 /// The item in the xrecord at a dictionary key, or its child at a key; null when it is absent.
 KEX_OBJ_API std::unique_ptr<CKexDataItem> dxrGet(const CKexDataKey& record,
                                                  const CKexDataKey& key = {});
-/// Writes an item there, as xrPut; with `create` a record that is missing is made. Gives the
-/// record's id, null on failure.
+/// Writes an item there, as xrPut; with `create` a record that is missing is made, but not for
+/// taking something away. Gives the record's id, null on failure.
 KEX_OBJ_API AcDbObjectId dxrPut(const CKexDataKey& record, const CKexDataKey& key,
                                 std::unique_ptr<CKexDataItem> item, bool create = true);
 

@@ -24,25 +24,30 @@ KEX_OBJ_API std::unique_ptr<CKexDataItem> xrGet(AcDbObjectId id, const CKexDataK
                                                 bool openErased = false);
 
 /// Writes an object's data item; null takes it away, with the xrecord and with an extension
-/// dictionary that is empty then. With `dataOnly` an entity counts as looking as before. False when
-/// the object is not open for write or holds an item of a later version.
+/// dictionary that is empty then (an xrecord of its own is emptied). With `dataOnly` an entity
+/// counts as looking as before. False, and no change, when the object is not open for write, holds
+/// an item of a later version or, being an xrecord, something else than an item, when the item
+/// names an object of another drawing, and when somebody has the record or its dictionary open.
 KEX_OBJ_API bool xrSet(AcDbObject& object, const CKexDataItem* item, bool dataOnly = true);
 
 /// Writes an item at a key into the xrecord with that id, in place of what stood there; null takes
-/// it away. The empty key is the whole item. With `create` the directories on the way are made.
-/// Gives the id, null on failure: no xrecord, an item of a later version, a value on the way.
+/// it away. The empty key is the whole item. With `create` the directories on the way are made. An
+/// item that is taken away, or has lost its last key, goes with its record, which is erased.
+/// Gives the id; null, and no change, on failure: no xrecord, an item of a later version, something
+/// else than an item in a record that is not an object's data xrecord, a value on the way.
 KEX_OBJ_API AcDbObjectId xrPut(AcDbObjectId xrecord, const CKexDataKey& key,
                                std::unique_ptr<CKexDataItem> item, bool create = true);
 
 /// The object's data xrecord, the object itself when it is an xrecord. Without `create`, false when
-/// there is none; else it is made, which needs the object open for write.
+/// there is none; else an empty one is made, which needs the object open for write.
 KEX_OBJ_API bool xrecId(AcDbObject& object, AcDbObjectId& xrecord, bool create);
 
 /// Groups of a named xrecord of the object's extension dictionary; none when there is no such
 /// record.
 KEX_OBJ_API CSmartResbuf xrecRbGet(const AcDbObject& object, const ACHAR* name);
 /// Writes them, and makes what is missing; an empty chain leaves an empty record. The object is
-/// open for write. False when that fails.
+/// open for write. False, and no change, when that fails, as it does for groups that no xrecord may
+/// have and when something else than an xrecord has the name.
 KEX_OBJ_API bool xrecRbSet(AcDbObject& object, const ACHAR* name, const resbuf* groups);
 
 } // namespace KEX

@@ -8,10 +8,12 @@
 
 namespace kextest {
 
-/// Which values a tree may have: all, or those that come through LISP text without a drawing.
+/// Which values a tree may have: all, those that a drawing keeps (texts without the unit 0), or
+/// those that come through LISP text without a drawing.
 enum class Values
 {
     all,
+    drawing,
     lisp
 };
 
@@ -28,7 +30,9 @@ inline CKexDataItem randomAtom(Random& random, Values values)
     }
     CKexString text;
     for (int i = random.below(20); i > 0; --i) {
-        text += values == Values::all ? random.unit() : static_cast<ACHAR>('a' + random.below(26));
+        text += values == Values::lisp      ? static_cast<ACHAR>('a' + random.below(26))
+                : values == Values::drawing ? static_cast<ACHAR>(1 + random.below(0xFFFF))
+                                            : random.unit();
     }
     return CKexDataItem(text);
 }

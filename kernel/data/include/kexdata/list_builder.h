@@ -11,7 +11,7 @@ namespace KEX {
 /// Between the outermost begin and its end come values and inner lists. A list of two or three
 /// reals becomes a point, an empty one nil; a tail that is a list or nil joins the list that it
 /// ends.
-class ListBuilder
+class KEX_DATA_API ListBuilder
 {
 public:
     void begin();
