@@ -143,14 +143,3 @@ AcRxClass* AcDbObjectId::objectClass() const
     const Place place(*this);
     return place.isNone() ? nullptr : classOf(place.drawing->at(place.index));
 }
-
-Acad::ErrorStatus orvald::Database::deepCloneObjects(const AcDbObjectIdArray&, AcDbObjectId,
-                                                     AcDbIdMapping&)
-{
-    return Acad::eNotApplicable;
-}
-Acad::ErrorStatus orvald::Database::wblockCloneObjects(const AcDbObjectIdArray&, AcDbObjectId,
-                                                       AcDbIdMapping&, AcDb::DuplicateRecordCloning)
-{
-    return Acad::eNotApplicable;
-}

@@ -5,6 +5,7 @@
 #include "drawing/text.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace orvald::drawing {
 namespace {
@@ -203,6 +204,21 @@ std::string_view Drawing::layoutName(Index blockRecord) const
     const TagList& tags = at(layout).tags;
     const auto name = tags.find(1, tags.findMarker("AcDbLayout"));
     return name == tags.end() ? std::string_view() : (*name).text();
+}
+
+std::vector<Index> Drawing::blocksInside(std::string_view name) const
+{
+    std::vector<Index> blocks;
+    std::unordered_set<Index> seen{kNone};
+    const auto take = [&](std::string_view of) {
+        const Index block = findRecord(TableId::blockRecord, of);
+        if (seen.insert(block).second) blocks.push_back(block);
+    };
+    take(name);
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+        for (Index child = firstChild(blocks[i]); child != kNone; child = next(child))
+            if (at(child).kind() == Kind::insert && !at(child).erased) take(at(child).tags.text(2));
+    return blocks;
 }
 
 Index Drawing::blockOf(Index entity) const

@@ -3,6 +3,7 @@
 #include "drawing/drawing.h"
 
 #include "drawing/text.h"
+#include "name_uses.h"
 
 #include <algorithm>
 #include <charconv>
@@ -27,23 +28,6 @@ constexpr TableFacts kTables[] = {{"VPORT", "AcDbViewportTableRecord", Kind::vpo
                                   {"BLOCK_RECORD", "AcDbBlockTableRecord", Kind::blockRecord}};
 static_assert(std::size(kTables) == kTableCount);
 
-/// A group in which records of a kind name a table record.
-struct NameUse
-{
-    TableId table;
-    Kind kind; // Kind::other: every entity
-    int code;
-};
-constexpr NameUse kNameUses[] = {
-    {TableId::layer, Kind::other, 8},        {TableId::ltype, Kind::other, 6},
-    {TableId::ltype, Kind::layer, 6},        {TableId::ltype, Kind::mlineStyle, 6},
-    {TableId::style, Kind::text, 7},         {TableId::style, Kind::mtext, 7},
-    {TableId::style, Kind::attrib, 7},       {TableId::style, Kind::attdef, 7},
-    {TableId::blockRecord, Kind::insert, 2}, {TableId::blockRecord, Kind::dimension, 2},
-    {TableId::blockRecord, Kind::block, 2},  {TableId::blockRecord, Kind::block, 3},
-    {TableId::dimstyle, Kind::dimension, 3}, {TableId::dimstyle, Kind::leader, 3},
-    {TableId::dimstyle, Kind::tolerance, 3}};
-
 /// A header variable that names a table record.
 struct VariableUse
 {
@@ -57,23 +41,6 @@ constexpr VariableUse kVariableUses[] = {
     {TableId::ucs, "$PUCSNAME"},         {TableId::blockRecord, "$DIMBLK"},
     {TableId::blockRecord, "$DIMBLK1"},  {TableId::blockRecord, "$DIMBLK2"},
     {TableId::blockRecord, "$DIMLDRBLK"}};
-
-void replaceText(TagList& tags, int code, std::string_view from, std::string_view to)
-{
-    TagList fresh;
-    fresh.addText(code, to);
-    for (auto it = tags.find(code); it != tags.end(); it = tags.find(code, it)) {
-        if ((*it).isText() && sameName((*it).text(), from)) it = tags.replace(it, fresh);
-        ++it;
-    }
-}
-
-bool mentions(const TagList& tags, int code, std::string_view name)
-{
-    for (auto it = tags.find(code); it != tags.end(); it = tags.find(code, ++it))
-        if ((*it).isText() && sameName((*it).text(), name)) return true;
-    return false;
-}
 
 } // namespace
 
@@ -133,28 +100,25 @@ bool Drawing::renameRecord(TableId table, Index record, std::string_view name)
     auto& byName = editTable(table).byName;
     byName.erase(nameKey(from));
     byName[nameKey(to)] = record;
-    TagList fresh;
-    fresh.addText(2, to);
-    TagList& tags = edit(record).tags;
-    const auto place = tags.find(2);
-    if (place == tags.end()) tags.append(fresh);
-    else tags.replace(place, fresh);
+    setName(edit(record), to);
     replaceName(table, from, to);
     return true;
 }
 
 void Drawing::replaceName(TableId table, std::string_view from, std::string_view to)
 {
+    const auto means = [&](TableId where, std::string_view name) {
+        return where == table && sameName(name, from);
+    };
     for (Index i = 0; i < count_; ++i) {
-        for (const NameUse& use : kNameUses) {
-            const bool fits = use.kind == Kind::other ? at(i).isEntity() : at(i).kind() == use.kind;
-            if (use.table == table && fits && mentions(at(i).tags, use.code, from))
-                replaceText(edit(i).tags, use.code, from, to);
-        }
-        const int xdataCode = table == TableId::layer ? 1003 : table == TableId::appid ? 1001 : 0;
-        const Extras* extras = at(i).extras();
-        if (xdataCode != 0 && extras != nullptr && mentions(extras->xdata, xdataCode, from))
-            replaceText(edit(i).needExtras().xdata, xdataCode, from, to);
+        bool mentioned = false;
+        forEachName(at(i), [&](TableId where, std::string_view name) {
+            mentioned = mentioned || means(where, name);
+        });
+        if (!mentioned) continue;
+        replaceNames(edit(i), [&](TableId where, std::string_view name) {
+            return means(where, name) ? std::string(to) : std::string();
+        });
     }
     for (const VariableUse& use : kVariableUses) {
         if (use.table == table && header.has(use.variable) &&

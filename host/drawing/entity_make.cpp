@@ -5,9 +5,9 @@
 #include "drawing/entity_functions.h"
 #include "drawing/text.h"
 #include "given.h"
+#include "sections.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace orvald::drawing {
 
@@ -238,13 +238,10 @@ private:
     /// Takes an entity with its parts into the drawing.
     void hang(Assembly&& assembly, Index block)
     {
-        const bool paper = drawing_.isLayoutBlock(block) && block != drawing_.modelSpace();
+        const bool paper = drawing_.isPaperSpace(block);
         const auto takeIn = [&](Record&& record, Index owner) {
             drawing_.needLayer(record.layer());
-            TagList mark;
-            mark.addInteger(67, 1);
-            const auto marker = record.tags.findMarker("AcDbEntity");
-            if (paper && marker != record.tags.end()) record.tags.insert(std::next(marker), mark);
+            markSpace(record, paper);
             const Index index = drawing_.add(std::move(record));
             drawing_.appendChild(owner, index);
             return index;
@@ -319,20 +316,8 @@ private:
     bool leadsBack(std::string_view name) const
     {
         const Index wanted = drawing_.findRecord(TableId::blockRecord, pending_->block->name());
-        std::vector<Index> open{drawing_.findRecord(TableId::blockRecord, name)};
-        std::unordered_set<Index> seen;
-        while (!open.empty()) {
-            const Index block = open.back();
-            open.pop_back();
-            if (block == kNone || !seen.insert(block).second) continue;
-            if (block == wanted) return true;
-            for (Index child = drawing_.firstChild(block); child != kNone;
-                 child = drawing_.next(child))
-                if (drawing_.at(child).kind() == Kind::insert)
-                    open.push_back(
-                        drawing_.findRecord(TableId::blockRecord, drawing_.at(child).tags.text(2)));
-        }
-        return false;
+        const std::vector<Index> blocks = drawing_.blocksInside(name);
+        return std::find(blocks.begin(), blocks.end(), wanted) != blocks.end();
     }
 
     // Table records and objects ----------------------------------------------------------------
@@ -378,7 +363,7 @@ private:
             (*groups.begin()).text() != "AcDbXrecord")
             return false;
         for (const Tag tag : groups)
-            if (tag.code() > 369 && tag.code() < 1000 && tag.code() != 1004) return false;
+            if ((tag.code() > 369 && tag.code() < 1000) || tag.code() == 1001) return false;
         const auto second = std::next(groups.begin());
         if (second == groups.end() || (*second).code() != 280) {
             TagList flag;

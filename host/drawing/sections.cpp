@@ -58,4 +58,20 @@ bool insertBySchema(Record& record, const Schema& schema, const TagList& group)
     return false;
 }
 
+void markSpace(Record& entity, bool paper)
+{
+    constexpr int kPaperGroup = 67, kLayoutGroup = 410;
+    TagList& tags = entity.tags;
+    const auto marker = tags.findMarker("AcDbEntity");
+    if (marker == tags.end()) return;
+    for (auto it = std::next(marker); it != tags.end() && (*it).code() != 100;) {
+        const int code = (*it).code();
+        it = code == kPaperGroup || code == kLayoutGroup ? tags.erase(it) : std::next(it);
+    }
+    if (!paper) return;
+    TagList mark;
+    mark.addInteger(kPaperGroup, 1);
+    tags.insert(std::next(tags.findMarker("AcDbEntity")), mark);
+}
+
 } // namespace orvald::drawing

@@ -24,4 +24,7 @@ std::vector<SectionRange> sectionsOf(const Record& record, const Schema* schema)
 /// Puts one group into its place of a record by the schema; false when the schema does not know it.
 bool insertBySchema(Record& record, const Schema& schema, const TagList& group);
 
+/// Lets an entity or a part say in which space it stands, as files want it.
+void markSpace(Record& entity, bool paper);
+
 } // namespace orvald::drawing

@@ -78,10 +78,7 @@ private:
         mapDictionary(source_->rootDictionary(), drawing_.rootDictionary());
         return *source_;
     }
-    void map(Index theirs, Index ours)
-    {
-        map_[source_->at(theirs).handle] = drawing_.at(ours).handle;
-    }
+    void map(Index theirs, Index ours) { map_[theirs] = ours; }
     void mapDictionary(Index theirs, Index ours)
     {
         map(theirs, ours);
@@ -92,7 +89,7 @@ private:
             if (mine != kNone) mapDictionary(source_->byHandle(entry.object), mine);
         }
     }
-    Index copy(Index theirs) { return deepCopy(source(), theirs, drawing_, map_); }
+    Index copy(Index theirs) { return copyLoose(source(), theirs, drawing_, map_); }
     void warn(std::string text) { warnings_.add(0, std::move(text)); }
 
     void completeTables()
@@ -226,7 +223,7 @@ private:
     Drawing& drawing_;
     Warnings& warnings_;
     std::unique_ptr<Drawing> source_;
-    std::unordered_map<Handle, Handle> map_; // handles of the source to ours
+    std::unordered_map<Index, Index> map_; // places of the source to ours
 };
 
 } // namespace

@@ -172,7 +172,12 @@ void Parser::readRecord(Section section, Family family)
     bool inXdata = false;
     try {
         for (need(); in_.code() != 0; need()) {
-            if (in_.code() == 1001 && record.kind() != Kind::xrecord) inXdata = true;
+            if (in_.code() == 1001) inXdata = true;
+            if (inXdata && in_.code() < 1000 && record.kind() == Kind::xrecord) {
+                // Programs put any group into xrecords: extended data is what ends the record.
+                tags_.take(xdata_);
+                inXdata = false;
+            }
             if (head_ && in_.code() == 3 && isDictionary(record.kind())) needDictionaryMarker();
             if (inXdata) xdata_.take(in_);
             else if (head_) readHeadGroup(record);

@@ -78,6 +78,14 @@ void TagBuilder::finish()
     coordinates_ = 0;
 }
 
+void TagBuilder::take(TagBuilder& other)
+{
+    finish();
+    other.finish();
+    list_.append(other.list_);
+    other.clear();
+}
+
 void TagBuilder::takeText(const TagReader& in)
 {
     bool foreign = false;

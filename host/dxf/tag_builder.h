@@ -29,6 +29,8 @@ public:
 
     /// Takes the present group.
     void take(const TagReader& in);
+    /// Takes all groups away from another list.
+    void take(TagBuilder& other);
     /// To be called behind the last group; then the list is whole.
     void finish();
     drawing::TagList& list() { return list_; }

@@ -204,8 +204,8 @@ TEST(DeepCopy, TranslatesReferencesToWhatWasCopied)
     f.drawing->addToDictionary(dictionary, "B", f.drawing->add(std::move(pointing)));
 
     const auto copyInto = [&](Drawing& to) {
-        std::unordered_map<Handle, Handle> map;
-        const Index copy = deepCopy(*f.drawing, dictionary, to, map);
+        std::unordered_map<Index, Index> map;
+        const Index copy = copyLoose(*f.drawing, dictionary, to, map);
         const Index copyA = to.dictionaryEntry(copy, "a"), copyB = to.dictionaryEntry(copy, "b");
         EXPECT_EQ(to.at(copyA).owner, to.at(copy).handle);
         EXPECT_EQ(to.at(copyA).extras()->reactors, std::vector{to.at(copy).handle});

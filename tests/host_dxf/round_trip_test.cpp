@@ -98,9 +98,10 @@ TEST(RoundTrip, WhatNobodyHereKnowsIsKeptAsItCame)
         "3 zulu|360 A04|3 Alpha|360 A05|"
         "0 XRECORD|5 A04|330 A03|100 AcDbXrecord|280      1|1 text|10 1.0|20 2.0|30 3.0|112 "
         "1.0|122 2.0|"
-        "132 3.0|370     -3|420       255|460 0.1|1004 AB|1070      1|1071         1|102 {any "
+        "132 3.0|1001 in the middle|40 1.0|370     -3|420       255|460 0.1|1004 AB|1070      "
+        "1|1071         1|102 {any "
         "text|330 A04|"
-        "320 999|5 A04|"
+        "320 999|5 A04|1001 ACAD|1000 its own|1010 1.0|1020 2.0|1030 3.0|"
         "0 MY_OBJECT|5 A05|102 {ACAD_REACTORS|330 A03|102 }|330 A03|100 MyObject|40 "
         "123456789.123456|"
         "41 1.7976931348623157E+308|42 0.30000000000000004|43 1.0E+20|44 100000.0|45 0.00001234");
@@ -116,6 +117,11 @@ TEST(RoundTrip, WhatNobodyHereKnowsIsKeptAsItCame)
                "320 A01|2 ASM_Data|280     15|94         3|310 41424344|0 ENDSEC");
     text = replaced(text, "  0\nEOF\n", raw + "  0\nEOF\n");
     expectKept(text);
+    // Extended data of an xrecord is what ends it.
+    const Loaded loaded = loadText(text);
+    const drawing::Record& record = loaded.drawing->at(loaded.drawing->byHandle(0xA04));
+    EXPECT_EQ(record.extras()->xdata.text(1000), "its own");
+    EXPECT_EQ(record.tags.text(1001), "in the middle");
 }
 
 TEST(RoundTrip, BlocksLayoutsAndComplexEntitiesKeepTheirPlaces)

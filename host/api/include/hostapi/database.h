@@ -113,14 +113,21 @@ public:
     /// Copies objects of this drawing, with all that they own, below `owner`: entities into a block
     /// record, objects into a dictionary under their old keys, or an anonymous key where that is
     /// taken. References to what was copied name the copies, others stay. Nothing is copied after a
-    /// failure: eNullObjectId, eWrongDatabase, eNotThatKindOfClass (an object that cannot stand
-    /// below that owner), eLockViolation. `map` holds the pairs afterwards.
+    /// failure: eNullObjectId, eWrongDatabase, eWasErased, eNotThatKindOfClass (an object that
+    /// cannot stand below that owner, as a part of an entity or an insert of the block itself),
+    /// eLockViolation. An object of the list that stands below another one is copied with that.
+    /// `map` holds the pairs afterwards. All changes fall into the present step of undoing.
     virtual Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner,
                                                AcDbIdMapping& map) = 0;
     /// Copies objects of another drawing below `owner`, which is of this one, with all that they
-    /// own or point to hard; what they point to comes to its own place in this drawing, and the
-    /// layers and the like that they use are made where they are missing. References to what was
-    /// not copied become null. `cloning` decides about keys that are taken. Failures as above.
+    /// own or point to hard; what they own softly only when it is in the list too. What they point
+    /// to comes to its own place in this drawing, and the layers and the like that they use are
+    /// made where they are missing. References to what was not copied become null. Table records
+    /// are copied when `owner` is their table. `cloning` decides about names that are taken;
+    /// kDrcNotApplicable leaves that to the merge styles of the xrecords and dictionaries, as it
+    /// always is for what comes to its own place. A dictionary that is not replaced takes in the
+    /// entries that it lacks. Failures as above; eWrongDatabase also for objects of this drawing or
+    /// of several ones, eWasOpenForRead and the like for an entry that would be replaced.
     virtual Acad::ErrorStatus wblockCloneObjects(const AcDbObjectIdArray& objects,
                                                  AcDbObjectId owner, AcDbIdMapping& map,
                                                  AcDb::DuplicateRecordCloning cloning) = 0;

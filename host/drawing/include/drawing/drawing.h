@@ -123,8 +123,14 @@ public:
     Index currentSpace() const;
     /// True for the block record of a layout.
     bool isLayoutBlock(Index blockRecord) const;
+    bool isPaperSpace(Index blockRecord) const
+    {
+        return isLayoutBlock(blockRecord) && blockRecord != modelSpace();
+    }
     /// Name of the layout of a space in file form, "" when the block record has none.
     std::string_view layoutName(Index blockRecord) const;
+    /// Block records of that name and of all blocks that its inserts show, each once.
+    std::vector<Index> blocksInside(std::string_view name) const;
     /// The block record that an entity, a part or a BLOCK stands in; kNone when it hangs nowhere.
     Index blockOf(Index entity) const;
     /// True when the record or any owner above it is erased.
