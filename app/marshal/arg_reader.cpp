@@ -64,47 +64,110 @@ bool readVertex(const resbuf*& rb, CKexVertex& vertex)
     return true;
 }
 
-bool readVertexList(const resbuf*& rb, CKexVertexArray& list)
+bool readMatrix(const resbuf*& rb, CKexMatrix3d& matrix)
 {
-    if (rb == nullptr) return false;
-    if (rb->restype == RTNIL) {
-        rb = rb->rbnext;
-        return true;
-    }
-    if (rb->restype != RTLB) return false;
+    if (rb == nullptr || rb->restype != RTLB) return false;
     const resbuf* node = rb->rbnext;
-    CKexVertex vertex;
-    while (readVertex(node, vertex)) list.append(vertex);
-    if (node == nullptr || node->restype != RTLE) return false;
+    const auto open = [&node](short type) {
+        if (node == nullptr || node->restype != type) return false;
+        node = node->rbnext;
+        return true;
+    };
+    CKexMatrix3d read;
+    for (int row = 0; row < 4; ++row) {
+        if (!open(RTLB)) return false;
+        for (int column = 0; column < 4; ++column) {
+            if (!readNumber(node, read(row, column))) return false;
+        }
+        if (!open(RTLE)) return false;
+    }
+    // Exact: these are no measured values.
+    const bool affine =
+        read(3, 0) == 0.0 && read(3, 1) == 0.0 && read(3, 2) == 0.0 && read(3, 3) == 1.0;
+    if (!affine || !open(RTLE)) return false;
+    matrix = read;
+    rb = node;
+    return true;
+}
+
+bool readPlane(const resbuf*& rb, Plane& plane)
+{
+    CKexMatrix3d matrix;
+    if (readMatrix(rb, matrix)) {
+        const std::optional<Plane> own = g_mtx_plan(matrix);
+        if (own) plane = *own;
+        return own.has_value();
+    }
+    if (rb == nullptr || rb->restype != RTLB) return false;
+    const resbuf* node = rb->rbnext;
+    CKexPoint3d origin, tip;
+    if (!readPoint(node, origin) || !readPoint(node, tip)) return false;
+    const CKexVector3d normal = tip.asVector().normal();
+    if (node == nullptr || node->restype != RTLE || normal == CKexVector3d()) return false;
+    plane = {origin, normal};
     rb = node->rbnext;
     return true;
 }
 
-bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list)
+namespace {
+
+/// A list of nothing but values that `read` takes, nil the empty one.
+template <class Array>
+bool readList(const resbuf*& rb, bool (*read)(const resbuf*&, typename Array::value_type&),
+              Array& list)
 {
     if (rb == nullptr || (rb->restype != RTLB && rb->restype != RTNIL)) return false;
     const resbuf* node = rb;
     if (rb->restype == RTLB) {
-        for (node = rb->rbnext; node != nullptr && node->restype == RTSTR; node = node->rbnext) {
-            list.append(CKexString(node->resval.rstring));
-        }
+        node = rb->rbnext;
+        typename Array::value_type item{};
+        while (read(node, item)) list.append(item);
         if (node == nullptr || node->restype != RTLE) return false;
     }
     rb = node->rbnext;
+    return true;
+}
+
+bool readText(const resbuf*& rb, CKexString& text)
+{
+    if (rb == nullptr || rb->restype != RTSTR) return false;
+    text = rb->resval.rstring;
+    rb = rb->rbnext;
+    return true;
+}
+
+bool readKey(const resbuf*& rb, CKexDataKey& key) { return dataKeyFromRb(key, rb); }
+
+} // namespace
+
+bool readVertexList(const resbuf*& rb, CKexVertexArray& list)
+{
+    return readList(rb, readVertex, list);
+}
+
+bool readPointList(const resbuf*& rb, CKexPoint3dArray& list)
+{
+    return readList(rb, readPoint, list);
+}
+
+bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list)
+{
+    return readList(rb, readText, list);
+}
+
+bool readNumberList(const resbuf*& rb, CKexArrayTempl<double>& list)
+{
+    if (rb == nullptr || (rb->restype != RTPOINT && rb->restype != RT3DPOINT)) {
+        return readList(rb, readNumber, list);
+    }
+    for (int i = 0; i < (rb->restype == RTPOINT ? 2 : 3); ++i) list.append(rb->resval.rpoint[i]);
+    rb = rb->rbnext;
     return true;
 }
 
 bool readKeyList(const resbuf*& rb, CKexArrayTempl<CKexDataKey>& list)
 {
-    if (rb == nullptr || (rb->restype != RTLB && rb->restype != RTNIL)) return false;
-    const resbuf* node = rb;
-    if (rb->restype == RTLB) {
-        CKexDataKey key;
-        for (node = rb->rbnext; dataKeyFromRb(key, node);) list.append(key);
-        if (node == nullptr || node->restype != RTLE) return false;
-    }
-    rb = node->rbnext;
-    return true;
+    return readList(rb, readKey, list);
 }
 
 bool isListNode(const resbuf& node)
@@ -142,6 +205,29 @@ CKexPoint3d ArgReader::point(int position)
 {
     CKexPoint3d value;
     if (!failed()) require(readPoint(at_, value), position);
+    return value;
+}
+
+CKexVector3d ArgReader::vector(int position) { return point(position).asVector(); }
+
+CKexMatrix3d ArgReader::matrix(int position)
+{
+    CKexMatrix3d value;
+    if (!failed()) require(readMatrix(at_, value), position);
+    return value;
+}
+
+Plane ArgReader::plane(int position)
+{
+    Plane value;
+    if (!failed()) require(readPlane(at_, value), position);
+    return value;
+}
+
+CKexPoint3dArray ArgReader::pointList(int position)
+{
+    CKexPoint3dArray value;
+    if (!failed()) require(readPointList(at_, value), position);
     return value;
 }
 
@@ -189,28 +275,12 @@ CAdsName ArgReader::ename(int position)
     return name;
 }
 
-template <class T>
-std::optional<T> ArgReader::ifAny(T (ArgReader::*read)(int), int position)
+bool ArgReader::absent()
 {
-    if (failed()) return std::nullopt;
-    if (at_ != nullptr && at_->restype != RTNIL) return (this->*read)(position);
-    any();
-    return std::nullopt;
-}
-
-std::optional<CKexString> ArgReader::stringIfAny(int position)
-{
-    return ifAny(&ArgReader::string, position);
-}
-
-std::optional<int> ArgReader::integerIfAny(int position)
-{
-    return ifAny(&ArgReader::integer, position);
-}
-
-std::optional<double> ArgReader::numberIfAny(int position)
-{
-    return ifAny(&ArgReader::number, position);
+    if (failed() || at_ == nullptr) return true;
+    if (at_->restype != RTNIL) return false;
+    at_ = at_->rbnext;
+    return true;
 }
 
 CKexArrayTempl<CKexDataKey> ArgReader::keyListIfAny(int position)

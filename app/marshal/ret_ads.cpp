@@ -125,6 +125,20 @@ int retAds(const CKexEnameArray& names) { return retList(mkResbuf(names)); }
 int retAds(const CKexVertex& vertex) { return retList(mkResbuf(vertex)); }
 int retAds(const CKexMatrix3d& matrix) { return retList(mkResbuf(matrix)); }
 
+int retAds(const Line& line)
+{
+    return retList(RbBuilder().point(line.start).point(line.end).take());
+}
+
+int retAds(const Plane& plane) { return retAds(Line{plane.origin, CKexPoint3d() + plane.normal}); }
+
+int retAds(const FewPoints& points)
+{
+    RbBuilder list;
+    for (const CKexPoint3d& point : points) list.point(point);
+    return retList(list.take());
+}
+
 int retAds(const nrmResult& result)
 {
     RbBuilder list;

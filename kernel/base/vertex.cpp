@@ -7,15 +7,6 @@
 
 #include <limits>
 
-double KEX::g_ang(double angle)
-{
-    double turned = std::fmod(angle, kTwoPi);
-    if (turned < 0.0) turned += kTwoPi;
-    // Also the case that a tiny negative angle was rounded up to the full turn.
-    if (turned > kTwoPi - kAngleNoise) return 0.0;
-    return turned + 0.0; // -0.0 becomes 0.0
-}
-
 CKexVertex::CKexVertex(const CKexPoint3d& centre, double radius, double a1, double a2)
 {
     const double r = std::abs(radius);

@@ -2,6 +2,8 @@
 // Points: moved, rounded, measured along directions.
 #pragma once
 
+#include "kex/rounding.h"
+#include "marshal/adapt.h"
 #include "marshal/lisp_row.h"
 
 namespace KEX {
@@ -17,7 +19,7 @@ inline constexpr LispRow kPointRows[] = {
     {KT("kex_g_p_dist_2d"), notBuilt, KT("pt p1, pt p2"), KT("real")},
     {KT("kex_g_p_mtx"), notBuilt, KT("pt p, mtx"), KT("pt")},
     {KT("kex_g_p_stretch"), notBuilt, KT("pt p, pt q, num a, num b"), KT("pt")},
-    {KT("kex_g_p_rnd"), notBuilt, KT("pt p, num step"), KT("pt")},
+    {KT("kex_g_p_rnd"), adapt<g_p_rnd>, KT("pt p, num step"), KT("pt")},
     {KT("kex_g_p_mov_vc"), notBuilt, KT("pt p, num dx, [num dy], [num dz]"), KT("pt or nil")},
     {KT("kex_g_p_trans3p"), notBuilt, KT("pt p, pt o, pt px, pt py, [T back]"), KT("pt")},
 };

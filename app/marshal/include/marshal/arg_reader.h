@@ -13,7 +13,8 @@
 #pragma once
 
 #include "hostapi/resbuf.h"
-#include "kex/point.h"
+#include "kex/matrix.h"
+#include "kex/plane.h"
 #include "kex/string.h"
 #include "kex/vertex.h"
 #include "kexdata/data_item.h"
@@ -40,6 +41,14 @@ public:
     /// A plain or extended vertex list; the data of extended vertices is passed over. nil is the
     /// empty list.
     CKexVertexArray vertexList(int position);
+    /// The same form as a point.
+    CKexVector3d vector(int position);
+    /// Four rows of four numbers, the last 0 0 0 1.
+    CKexMatrix3d matrix(int position);
+    /// (origin normal), the normal of any length but 0; or a matrix, which stands for its XY plane.
+    Plane plane(int position);
+    /// A list of nothing but points; nil is the empty list.
+    CKexPoint3dArray pointList(int position);
     /// A list of nothing but strings; nil is the empty list.
     CKexArrayTempl<CKexString> stringList(int position);
 
@@ -53,12 +62,25 @@ public:
     CAdsName ename(int position);
 
     // -- optional arguments: missing or nil is nothing, another type is an error
-    std::optional<CKexString> stringIfAny(int position);
-    std::optional<int> integerIfAny(int position);
-    std::optional<double> numberIfAny(int position);
+    std::optional<CKexString> stringIfAny(int position)
+    {
+        return ifAny(&ArgReader::string, position);
+    }
+    std::optional<int> integerIfAny(int position) { return ifAny(&ArgReader::integer, position); }
+    std::optional<double> numberIfAny(int position) { return ifAny(&ArgReader::number, position); }
+    std::optional<CKexPoint3d> pointIfAny(int position)
+    {
+        return ifAny(&ArgReader::point, position);
+    }
+    std::optional<CKexVector3d> vectorIfAny(int position)
+    {
+        return ifAny(&ArgReader::vector, position);
+    }
     /// A list of keys; none when it is missing or nil.
     CKexArrayTempl<CKexDataKey> keyListIfAny(int position);
 
+    /// There is no such argument: moves past a nil, or stands at the end, or has failed.
+    bool absent();
     /// True for T; nil, a missing argument and anything else are false, never an error.
     bool flag();
     /// The next argument as it stands, null when there is none; the reader moves past it.
@@ -77,7 +99,11 @@ public:
 
 private:
     template <class T>
-    std::optional<T> ifAny(T (ArgReader::*read)(int), int position);
+    std::optional<T> ifAny(T (ArgReader::*read)(int), int position)
+    {
+        if (absent()) return std::nullopt;
+        return (this->*read)(position);
+    }
 
     static constexpr int kNone = -1;
     const resbuf* at_;
@@ -91,6 +117,11 @@ bool readNumber(const resbuf*& rb, double& value);
 bool readPoint(const resbuf*& rb, CKexPoint3d& point);
 /// (p1 p2), (p1 p2 bulge) or (p1 p2 bulge data); a missing bulge is 0.0, the data is passed over.
 bool readVertex(const resbuf*& rb, CKexVertex& vertex);
+bool readMatrix(const resbuf*& rb, CKexMatrix3d& matrix);
+bool readPlane(const resbuf*& rb, Plane& plane);
+bool readPointList(const resbuf*& rb, CKexPoint3dArray& list);
+/// Numbers, also two or three reals that the host delivers as a point.
+bool readNumberList(const resbuf*& rb, CKexArrayTempl<double>& list);
 bool readVertexList(const resbuf*& rb, CKexVertexArray& list);
 bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list);
 bool readKeyList(const resbuf*& rb, CKexArrayTempl<CKexDataKey>& list);

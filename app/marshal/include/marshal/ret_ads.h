@@ -10,6 +10,8 @@
 #include "kexdata/data_item.h"
 #include "kexdata/data_key.h"
 
+#include <optional>
+
 namespace KEX {
 
 /// A chain as result: none is nil; one node is its value, an RTSHORT as integer, a node with a DXF
@@ -46,6 +48,9 @@ int retAds(const AcArray<AcDbObjectId>& ids);
 int retAds(const CKexEnameArray& names);
 int retAds(const CKexVertex& vertex);
 int retAds(const CKexMatrix3d& matrix);
+int retAds(const Line& line);
+int retAds(const Plane& plane);
+int retAds(const FewPoints& points);
 /// The values up to the first that is not finite; nil when the first is not.
 int retAds(const nrmResult& result);
 /// Null and the empty item are nil; a directory in its LISP form; an atom as its value; anything
@@ -60,6 +65,12 @@ template <class T>
 int retAds(const CKexArrayTempl<T>& array)
 {
     return retList(mkResbuf(array));
+}
+/// nil for none.
+template <class T>
+int retAds(const std::optional<T>& value)
+{
+    return value.has_value() ? retAds(*value) : retAds(false);
 }
 
 } // namespace KEX

@@ -4,12 +4,14 @@
 //
 //   vertex            ((x y z) (x y z) bulge), extended with data, nil when it has none, as fourth
 //   vertex list       list of vertices; arrays of arrays nest once more
+//   line              ((x y z) (x y z)), a plane ((x y z) (nx ny nz))
 //   matrix            four rows of four reals
 //   map to text       (("key" . "value") ...), map to texts (("key" "a" "b") ...), in key order
 #pragma once
 
+#include "kex/line.h"
 #include "kex/map.h"
-#include "kex/matrix.h"
+#include "kex/plane.h"
 #include "kex/resbuf_chain.h"
 #include "kex/string.h"
 #include "kex/vertex.h"
@@ -27,6 +29,14 @@ inline void rbPut(RbBuilder& to, const CKexVector3d& value)
     to.point(CKexPoint3d(value.asArray()));
 }
 inline void rbPut(RbBuilder& to, const CAdsName& value) { to.name(value); }
+inline void rbPut(RbBuilder& to, const Line& value)
+{
+    to.begin().point(value.start).point(value.end).end();
+}
+inline void rbPut(RbBuilder& to, const Plane& value)
+{
+    to.begin().point(value.origin).point(CKexPoint3d(value.normal.asArray())).end();
+}
 KEX_BASE_API void rbPut(RbBuilder& to, const CKexVertex& value);
 KEX_BASE_API void rbPut(RbBuilder& to, const VertexEx& value);
 KEX_BASE_API void rbPut(RbBuilder& to, const CKexMatrix3d& value);
