@@ -275,6 +275,7 @@ Acad::ErrorStatus AcDbXrecord::clear()
 {
     if (!isWriteEnabled()) return Acad::eNotOpenForWrite;
     drawing::setXrecordGroups(state().edit(), {});
+    if (state().fresh && state().read().extras() == nullptr) state().namesOf = nullptr;
     return Acad::eOk;
 }
 

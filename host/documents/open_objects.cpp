@@ -64,6 +64,7 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject*& object, AcDbObjectId id, AcDb::
                                     bool openErased)
 {
     object = nullptr;
+    if (mode < AcDb::kForRead || mode > AcDb::kForNotify) return Acad::eInvalidInput;
     if (id.isNull()) return Acad::eNullObjectId;
     drawing::Drawing* drawing = drawing::Drawing::ofId(innerId(id));
     if (drawing == nullptr || Host::instance().documentOf(*drawing) == nullptr)
@@ -115,6 +116,12 @@ Acad::ErrorStatus OpenObjects::close(AcDbObject& object)
     state.depths.pop_back();
     if (state.depths.empty()) delete &object; // forgets itself
     return Acad::eOk;
+}
+
+bool OpenObjects::anyOf(const drawing::Drawing& drawing) const
+{
+    return std::ranges::any_of(
+        objects_, [&](const auto& one) { return stateOf(*one.second).drawing == &drawing; });
 }
 
 void OpenObjects::swapped(AcDbObjectId a, AcDbObjectId b)

@@ -24,6 +24,8 @@ public:
     Acad::ErrorStatus whyNotWritable(AcDbObjectId id) const;
     /// Null when it is not open.
     AcDbObject* find(AcDbObjectId id) const;
+    /// True while any object of the drawing is open.
+    bool anyOf(const drawing::Drawing& drawing) const;
     /// The objects of two places have changed places.
     void swapped(AcDbObjectId a, AcDbObjectId b);
     /// Forgets an object that is being deleted though it is open.

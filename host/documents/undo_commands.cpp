@@ -3,6 +3,8 @@
 
 #include "document.h"
 #include "drawing/text.h"
+#include "host.h"
+#include "open_objects.h"
 #include "text/letters.h"
 
 #include <charconv>
@@ -96,14 +98,16 @@ void undo(Document& document, const NextTyped& next)
 
 bool runUndoCommand(Document& document, std::u16string_view name, const NextTyped& next)
 {
+    if (name != u"UNDO" && name != u"U" && name != u"REDO") return false;
+    // An object that somebody holds open must not become another one under his hands.
+    if (Host::instance().openObjects().anyOf(document.drawing())) {
+        document.world().host().print(u"UNDO: objects of the drawing are open.\n");
+        return true;
+    }
     if (name == u"UNDO") undo(document, next);
     else if (name == u"U") undoSteps(document, 1);
-    else if (name == u"REDO") {
-        if (!document.drawing().journal().redo())
-            document.world().host().print(u"There is nothing to redo.\n");
-    } else {
-        return false;
-    }
+    else if (!document.drawing().journal().redo())
+        document.world().host().print(u"There is nothing to redo.\n");
     return true;
 }
 

@@ -16,7 +16,8 @@ using NextTyped = std::function<std::optional<std::u16string>()>;
 
 /// Runs the command when `name` (upper case) is one of these, and takes its options. UNDO: a number
 /// of steps, Mark, Back (without a mark it asks whether all is meant), Begin and End, which nest;
-/// Auto and Control are taken and change nothing.
+/// Auto and Control are taken and change nothing. While an object of the drawing is open they only
+/// say so.
 bool runUndoCommand(Document& document, std::u16string_view name, const NextTyped& next);
 
 } // namespace orvald

@@ -121,11 +121,12 @@ bool Dictionary::remove(std::string_view key)
 
 bool Dictionary::rename(std::string_view from, std::string_view to)
 {
-    const std::size_t at = position(from), taken = position(to);
+    const std::string name = to == "*" ? anonymousKey() : std::string(to);
+    const std::size_t at = position(from), taken = position(name);
     if (at == entries_.size() || (taken != entries_.size() && taken != at)) return false;
     const Entry entry = entries_[at];
     remove(from);
-    return add(to, entry.object, entry.hard);
+    return add(name, entry.object, entry.hard);
 }
 
 std::string Dictionary::anonymousKey() const { return "*A" + std::to_string(lastAnonymous_ + 1); }

@@ -23,15 +23,6 @@ TagList::Iterator ownGroups(const TagList& tags)
     return it != tags.end() && (*it).code() == kCloningGroup ? std::next(it) : it;
 }
 
-void setInteger(TagList& tags, int code, int value)
-{
-    TagList fresh;
-    fresh.addInteger(code, value);
-    const auto old = tags.find(code);
-    if (old != tags.end()) tags.replace(old, fresh);
-    else tags.append(fresh);
-}
-
 } // namespace
 
 Record newXrecord()
@@ -126,7 +117,17 @@ void setHardOwner(Record& record, bool hard)
 
 void setDictionaryCloning(Record& record, int cloning)
 {
-    setInteger(record.tags, kDictionaryCloningGroup, cloning);
+    TagList& tags = record.tags;
+    TagList flag;
+    flag.addInteger(kDictionaryCloningGroup, cloning);
+    if (const auto old = tags.find(kDictionaryCloningGroup); old != tags.end()) {
+        tags.replace(old, flag);
+        return;
+    }
+    auto place = tags.findMarker("AcDbDictionary"); // behind it, and behind the flag for owners
+    if (place != tags.end()) ++place;
+    if (place != tags.end() && (*place).code() == kHardOwnerGroup) ++place;
+    tags.insert(place, flag);
 }
 
 resbuf* xdataChain(const Drawing& drawing, const TagList& xdata, std::u16string_view application)

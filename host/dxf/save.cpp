@@ -110,7 +110,7 @@ void readBack(const drawing::Drawing& drawing, const std::string& path, const Wr
         ~Closer() { ::close(file); }
     } closer{file};
     LineSource lines(file);
-    Verifier verifier(drawing, writer.anyErased());
+    Verifier verifier(drawing, writer.anyLeft());
     Parser(lines, verifier).run();
     if (verifier.count() != writer.count())
         throw Fail{{{}, 0, DxfError::kNoGroup, "records are missing", 0}};

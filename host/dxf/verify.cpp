@@ -57,7 +57,7 @@ void Verifier::record(Section, Record&& record, std::uint64_t line)
     const Index index = drawing_.byHandle(record.handle);
     if (index == kNone) fail(line, "an unknown handle", record.handle);
     Record scratch;
-    if (!sameRecord(asWritten(drawing_, index, anyErased_, scratch), record))
+    if (!sameRecord(asWritten(drawing_, index, anyLeft_, scratch), record))
         fail(line, std::string(record.typeName()) + " differs", record.handle);
 }
 

@@ -10,8 +10,7 @@ namespace orvald::dxf {
 class Verifier : public Handler
 {
 public:
-    Verifier(const drawing::Drawing& drawing, bool anyErased)
-        : drawing_(drawing), anyErased_(anyErased)
+    Verifier(const drawing::Drawing& drawing, bool anyLeft) : drawing_(drawing), anyLeft_(anyLeft)
     {
     }
 
@@ -25,7 +24,7 @@ public:
 
 private:
     const drawing::Drawing& drawing_;
-    bool anyErased_;
+    bool anyLeft_;
     std::size_t count_ = 0, classes_ = 0, sections_ = 0;
 };
 

@@ -45,15 +45,33 @@ const std::array<CodeLine, 1072>& codeLines()
     return lines;
 }
 
-} // namespace
-
-const Record& asWritten(const Drawing& drawing, Index index, bool anyErased, Record& scratch)
+/// True for a record that hangs nowhere, by itself.
+bool isLoose(const Drawing& drawing, Index index)
 {
     const Record& record = drawing.at(index);
-    if (!anyErased) return record;
+    const bool mayHang = record.family() == Family::object || record.isEntity();
+    return mayHang && record.owner == 0 && index != drawing.rootDictionary();
+}
+
+/// True when the record or an owner above it is erased or hangs nowhere.
+bool staysBehind(const Drawing& drawing, Index index)
+{
+    for (int step = 0; index != kNone && step < kMostOwners; ++step) {
+        if (drawing.at(index).erased || isLoose(drawing, index)) return true;
+        index = drawing.byHandle(drawing.at(index).owner);
+    }
+    return false; // owners in a circle, as some file had them
+}
+
+} // namespace
+
+const Record& asWritten(const Drawing& drawing, Index index, bool anyLeft, Record& scratch)
+{
+    const Record& record = drawing.at(index);
+    if (!anyLeft) return record;
     const auto gone = [&](Handle handle) {
         const Index target = drawing.byHandle(handle);
-        return target != kNone && !drawing.at(target).undone && drawing.isGone(target);
+        return target != kNone && !drawing.at(target).undone && staysBehind(drawing, target);
     };
     scratch = record;
     const auto clean = [&](TagList& tags) {
@@ -80,9 +98,7 @@ bool Writer::run()
     for (Index i = 0; i < drawing_.recordCount(); ++i) {
         const Record& record = drawing_.at(i);
         if (record.undone) continue;
-        anyErased_ = anyErased_ || record.erased;
-        anyLoose_ = anyLoose_ || (record.family() == Family::object && record.owner == 0 &&
-                                  i != drawing_.rootDictionary());
+        anyLeft_ = anyLeft_ || record.erased || isLoose(drawing_, i);
     }
     buffer_.resize(kPiece);
     header();
@@ -240,7 +256,7 @@ void Writer::entries(const Dictionary& dictionary)
 void Writer::record(Index index)
 {
     Record scratch;
-    const Record& record = asWritten(drawing_, index, anyErased_, scratch);
+    const Record& record = asWritten(drawing_, index, anyLeft_, scratch);
     present_ = record.handle;
     ++count_;
     text(0, record.typeName());
@@ -378,28 +394,16 @@ void Writer::entities()
     text(0, "ENDSEC");
 }
 
-bool Writer::isSaved(Index object) const
-{
-    if (drawing_.at(object).family() != Family::object || drawing_.at(object).undone) return false;
-    if (!anyLoose_ && !anyErased_) return true;
-    for (int step = 0; step < kMostOwners; ++step) {
-        const Record& record = drawing_.at(object);
-        if (record.erased) return false;
-        if (object == drawing_.rootDictionary() || record.family() != Family::object)
-            return !drawing_.isGone(object);
-        object = drawing_.byHandle(record.owner);
-        if (object == kNone) return false;
-    }
-    return true; // owners in a circle, as some file had them
-}
-
 void Writer::objects()
 {
     section("OBJECTS");
     const Index root = drawing_.rootDictionary();
     if (root != kNone) record(root);
-    for (Index i = 0; i < drawing_.recordCount(); ++i)
-        if (i != root && isSaved(i)) record(i);
+    for (Index i = 0; i < drawing_.recordCount(); ++i) {
+        const Record& object = drawing_.at(i);
+        if (i == root || object.family() != Family::object || object.undone) continue;
+        if (!anyLeft_ || !staysBehind(drawing_, i)) record(i);
+    }
     text(0, "ENDSEC");
 }
 

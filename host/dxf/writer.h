@@ -10,10 +10,10 @@
 
 namespace orvald::dxf {
 
-/// The record as a file shows it: references to erased objects are null or left out. `scratch` may
-/// hold it.
+/// The record as a file shows it: references to what stays behind are null or left out. `scratch`
+/// may hold it. `anyLeft`: something stays behind at all.
 const drawing::Record& asWritten(const drawing::Drawing& drawing, drawing::Index index,
-                                 bool anyErased, drawing::Record& scratch);
+                                 bool anyLeft, drawing::Record& scratch);
 
 class Writer
 {
@@ -31,7 +31,8 @@ public:
     drawing::Handle unwritable() const { return unwritable_; }
     /// How many records were written, table heads included.
     std::size_t count() const { return count_; }
-    bool anyErased() const { return anyErased_; }
+    /// True when something stays behind: erased, or hanging nowhere.
+    bool anyLeft() const { return anyLeft_; }
 
 private:
     void header();
@@ -46,7 +47,6 @@ private:
     void record(drawing::Index index);
     void reference(const drawing::Record& record);
     void entries(const drawing::Dictionary& dictionary);
-    bool isSaved(drawing::Index object) const;
 
     void group(int code);
     void text(int code, std::string_view value);
@@ -66,7 +66,7 @@ private:
     std::size_t used_ = 0;
     std::size_t count_ = 0;
     drawing::Handle unwritable_ = 0, present_ = 0;
-    bool anyErased_ = false, anyLoose_ = false, good_ = true;
+    bool anyLeft_ = false, good_ = true;
 };
 
 } // namespace orvald::dxf

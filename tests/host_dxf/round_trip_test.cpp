@@ -194,12 +194,14 @@ TEST(RoundTrip, ErasedAndLooseObjectsStayBehind)
     const drawing::ObjectId hung =
         make(acutBuildList(RTDXF0, u"XRECORD", 100, u"AcDbXrecord", 1, u"x", 0));
     drawing->addToDictionary(extension, "X", drawing->indexOf(hung));
-    make(acutBuildList(RTDXF0, u"XRECORD", 100, u"AcDbXrecord", 1, u"loose", 0));
-    // A pointer at the erased point becomes null.
-    ads_name name;
+    const drawing::ObjectId loose =
+        make(acutBuildList(RTDXF0, u"XRECORD", 100, u"AcDbXrecord", 1, u"loose", 0));
+    // A pointer at what stays behind becomes null.
+    ads_name name, looseName;
     toName(point, name);
+    toName(loose, looseName);
     const drawing::ObjectId pointing =
-        make(acutBuildList(RTDXF0, u"XRECORD", 100, u"AcDbXrecord", 340, name, 0));
+        make(acutBuildList(RTDXF0, u"XRECORD", 100, u"AcDbXrecord", 340, name, 341, looseName, 0));
     functions.dictAdd(functions.namedObjDict(), u"POINTING", pointing);
     functions.entDel(point);
     TemporaryFolder folder;
@@ -211,6 +213,7 @@ TEST(RoundTrip, ErasedAndLooseObjectsStayBehind)
         loaded.drawing->dictionaryEntry(loaded.drawing->rootDictionary(), "POINTING");
     ASSERT_NE(found, drawing::kNone);
     EXPECT_EQ(loaded.drawing->at(found).tags.handle(340, 7), 0u);
+    EXPECT_EQ(loaded.drawing->at(found).tags.handle(341, 7), 0u);
     EXPECT_EQ(loaded.drawing->byHandle(drawing->find(point)->handle), drawing::kNone);
     EXPECT_EQ(loaded.drawing->byHandle(drawing->find(hung)->handle), drawing::kNone);
     functions.entDel(point); // and back: nothing was lost

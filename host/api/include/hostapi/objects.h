@@ -158,7 +158,7 @@ public:
     Acad::ErrorStatus remove(const ACHAR* key);
     Acad::ErrorStatus remove(const ACHAR* key, AcDbObjectId& id);
     Acad::ErrorStatus remove(AcDbObjectId id);
-    /// False when there is no such key, the new one is taken or no key.
+    /// False when there is no such key, the new one is taken or no key. "*" makes an anonymous one.
     bool setName(const ACHAR* from, const ACHAR* to);
 
     /// Hard owners keep their entries in copies and purges.
@@ -246,10 +246,10 @@ private:
 
 /// Opens an object. Read: up to 256 readers while nobody writes or is notified; write: alone;
 /// notify: also beside readers or the writer. The same pointer for all who have it open.
-/// eNullObjectId, eNoDatabase (its drawing is closed), eUnknownHandle (no object has that id),
-/// eWasErased, ePermanentlyErased (its making was undone), eAtMaxReaders, eWasOpenForRead,
-/// eWasOpenForWrite, eWasNotifying; for write also eLockViolation (the document is not locked for
-/// write) and eOnLockedLayer. `object` is null after a failure.
+/// eInvalidInput (no such mode), eNullObjectId, eNoDatabase (its drawing is closed), eUnknownHandle
+/// (no object has that id), eWasErased, ePermanentlyErased (its making was undone), eAtMaxReaders,
+/// eWasOpenForRead, eWasOpenForWrite, eWasNotifying; for write also eLockViolation (the document is
+/// not locked for write) and eOnLockedLayer. `object` is null after a failure.
 HOST_API Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id,
                                               AcDb::OpenMode mode, bool openErased = false);
 /// eNotThatKindOfClass for what is no entity.

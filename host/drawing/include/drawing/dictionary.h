@@ -39,7 +39,8 @@ public:
     /// Points an existing key at another object; false when there is no such key.
     bool setObject(std::string_view key, Handle object);
     bool remove(std::string_view key);
-    /// False when the old key is missing or the new one is taken.
+    /// A key of "*" makes an anonymous one. False when the old key is missing or the new one is
+    /// taken.
     bool rename(std::string_view from, std::string_view to);
     /// "*A" and the lowest number above all anonymous keys so far.
     std::string anonymousKey() const;
