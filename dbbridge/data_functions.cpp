@@ -4,7 +4,6 @@
 #include "dbbridge/dbbridge_rows.h"
 #include "kex/hex.h"
 #include "kex/label.h"
-#include "kex/path_names.h"
 #include "kex/units.h"
 #include "kexdata/bin_file.h"
 #include "kexdata/configuration.h"
@@ -17,12 +16,6 @@ namespace KEX {
 namespace {
 
 constexpr int kCheckDigits = 8; // of a CRC-32
-
-CKexString readFileName(ArgReader& in, int position)
-{
-    CKexString file = in.string(position);
-    return dos_name(file);
-}
 
 } // namespace
 
@@ -104,7 +97,7 @@ int dCrc(const resbuf* args)
 int dBread(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString file = readFileName(in, 0);
+    const CKexString file = in.path(0);
     if (in.failed()) return in.fail();
     CKexDataItem data;
     binLoad(file, data);
@@ -114,7 +107,7 @@ int dBread(const resbuf* args)
 int dBwrite(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString file = readFileName(in, 1);
+    const CKexString file = in.path(1);
     CKexDataItem data = in.dataList(2);
     if (in.failed()) return in.fail();
     if (data.isNil()) data.mkDir();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "marshal/arg_reader.h"
 
+#include "kex/path_names.h"
 #include "kex/resbuf_chain.h"
+#include "marshal/from_rb.h"
 #include "marshal/lisp_row.h"
 
 namespace KEX {
@@ -266,13 +268,20 @@ CKexDataItem ArgReader::dataList(int position)
     return data(position);
 }
 
-CAdsName ArgReader::ename(int position)
+AcDbObjectId ArgReader::objectId(int position)
 {
+    AcDbObjectId id;
     require(at_ != nullptr && at_->restype == RTENAME, position);
-    if (failed()) return CAdsName();
-    const CAdsName name(at_->resval.rlname);
+    if (failed()) return id;
+    acdbGetObjectId(id, at_->resval.rlname);
     at_ = at_->rbnext;
-    return name;
+    return id;
+}
+
+CKexString ArgReader::path(int position)
+{
+    CKexString path = string(position);
+    return dos_name(path);
 }
 
 bool ArgReader::absent()
@@ -281,6 +290,19 @@ bool ArgReader::absent()
     if (at_->restype != RTNIL) return false;
     at_ = at_->rbnext;
     return true;
+}
+
+AcDbObjectId ArgReader::objectIdIfAny(int position)
+{
+    return ifAny(&ArgReader::objectId, position).value_or(AcDbObjectId());
+}
+
+std::optional<AcArray<AcDbObjectId>> ArgReader::objectIdsIfAny(int position)
+{
+    if (absent()) return std::nullopt;
+    AcArray<AcDbObjectId> ids;
+    require(at_->restype == RTLB || at_->restype == RTPICKS, position);
+    return fromRb(ids, at_);
 }
 
 CKexArrayTempl<CKexDataKey> ArgReader::keyListIfAny(int position)

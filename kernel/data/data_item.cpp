@@ -248,6 +248,38 @@ CKexArrayTempl<CKexDataKey> CKexDataItem::getKeyList() const
     return isDir() ? getDir()->keys() : CKexArrayTempl<CKexDataKey>();
 }
 
+CKexArrayTempl<CKexDataKey> CKexDataItem::getPathList() const
+{
+    struct Walk
+    {
+        CKexDataDir::ConstIterator at, end;
+    };
+    CKexArrayTempl<CKexDataKey> paths;
+    std::vector<Walk> open;
+    std::vector<KEX::DataKeyView> path; // a part for each open directory but the first
+    if (const CKexDataDir* dir = getDir()) open.push_back({dir->begin(), dir->end()});
+    while (!open.empty()) {
+        Walk& walk = open.back();
+        if (walk.at == walk.end) {
+            open.pop_back();
+            if (!path.empty()) path.pop_back();
+            continue;
+        }
+        const auto child = *walk.at;
+        ++walk.at;
+        if (const CKexDataDir* below = child.item.getDir()) {
+            path.push_back(child.key);
+            open.push_back({below->begin(), below->end()});
+            continue;
+        }
+        CKexDataKey key;
+        for (const KEX::DataKeyView& part : path) key.append(part);
+        key.append(child.key);
+        paths.append(std::move(key));
+    }
+    return paths;
+}
+
 bool operator==(const CKexDataItem& a, const CKexDataItem& b)
 {
     using Kind = CKexDataItem::Kind;

@@ -12,7 +12,7 @@ int kexFileAccess(const resbuf* args) { return onPath<fileAccess>(args); }
 int kexFileMkdir(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 0);
+    const CKexString path = in.path(0);
     if (in.failed()) return RTERROR; // kept: without a message
     return retAds(fileMkdir(path));
 }

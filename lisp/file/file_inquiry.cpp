@@ -12,7 +12,7 @@ int kexFileDcmp(const resbuf* args) { return onTwoPaths<fileIsOlder>(args); }
 int kexFileInfo(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 0);
+    const CKexString path = in.path(0);
     if (in.failed()) return in.fail();
     const std::optional<FileInfo> info = fileInfo(path);
     if (!info) return retAds(false);

@@ -12,7 +12,7 @@ namespace KEX {
 int kexFileLock(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 1);
+    const CKexString path = in.path(1);
     if (in.failed()) return in.fail();
     double wait = 0.0; // seconds, and retries; what is no number counts as none
     const resbuf* rest = in.peek();
@@ -26,7 +26,7 @@ int kexFileLocked(const resbuf* args) { return onPath<fileLocked>(args); }
 int kexFileUnlock(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 0);
+    const CKexString path = in.path(0);
     if (in.failed()) return in.fail();
     fileUnlock(path);
     return retVoid();

@@ -16,7 +16,7 @@ constexpr const ACHAR* kTemporaryPrefix = KT("tmp");
 int kexFileSplitpath(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 0);
+    const CKexString path = in.path(0);
     if (in.failed()) return in.fail();
     const PathParts parts = splitPath(path);
     RbBuilder list;

@@ -8,12 +8,6 @@
 
 namespace KEX {
 
-inline CKexString readPath(ArgReader& in, int position)
-{
-    CKexString path = in.string(position);
-    return dos_name(path);
-}
-
 /// The next argument when it is a text, "" and no error otherwise; any argument is passed.
 inline CKexString readPathIfText(ArgReader& in)
 {
@@ -28,7 +22,7 @@ template <bool (*Operation)(TextView)>
 int onPath(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString path = readPath(in, 0);
+    const CKexString path = in.path(0);
     if (in.failed()) return in.fail();
     return retAds(Operation(path));
 }
@@ -37,8 +31,8 @@ template <bool (*Operation)(TextView, TextView)>
 int onTwoPaths(const resbuf* args)
 {
     ArgReader in(args);
-    const CKexString first = readPath(in, 1);
-    const CKexString second = readPath(in, 2);
+    const CKexString first = in.path(1);
+    const CKexString second = in.path(2);
     if (in.failed()) return in.fail();
     return retAds(Operation(first, second));
 }

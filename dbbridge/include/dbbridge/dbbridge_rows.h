@@ -8,27 +8,34 @@
 namespace KEX {
 
 LispFn dBread, dBwrite, dLabelGet, dLabelSet, dVal, dValSet, dDirp, dKey, dEqual, dMerge, dCrc,
-    dXLogIor, dXBit, dXBitSet, dChkType, dChkNum;
+    dXLogIor, dXBit, dXBitSet, dChkType, dChkNum, kexXrObj, kexXrGet, kexXrMod, kexXrDir,
+    kexDictObj, kexDictDir, kexDxrGet, kexDxrMod, kexDxrDir, dHardPointer, dHardPointerRem,
+    dHardPointerGet, dGet, dCopy, dRemove, dFind, kexObjDictName, kexObjDictPath, kexObjDictDir,
+    kexDwgDictDir;
 
 inline constexpr LispRow kXrecordRows[] = {
-    {KT("kex_xr_obj"), notBuilt, KT("en, [T or nil create = nil]"), KT("en or nil")},
-    {KT("kex_xr_get"), notBuilt, KT("en, key or nil"), KT("any or nil")},
-    {KT("kex_xr_mod"), notBuilt, KT("en, key, value or nil"), KT("T or nil")},
-    {KT("kex_xr_dir"), notBuilt, KT("en, key"), KT("list of str and int or nil")},
+    {KT("kex_xr_obj"), kexXrObj, KT("en, [T or nil create = nil]"), KT("en or nil")},
+    {KT("kex_xr_get"), kexXrGet, KT("en, key or nil"), KT("any or nil")},
+    {KT("kex_xr_mod"), kexXrMod, KT("en, key, value or nil"), KT("T or nil")},
+    {KT("kex_xr_dir"), kexXrDir, KT("en, key"), KT("list of str and int or nil")},
     {KT("kex_xd_get"), notBuilt, KT("en, key or nil"), KT("any or nil")},
     {KT("kex_xd_mod"), notBuilt, KT("en, key, value or nil"), KT("T or nil")},
     {KT("kex_xd_dir"), notBuilt, KT("en, key"), KT("list of str and int or nil")},
     {KT("kex_xd_flush"), notBuilt, KT("[en]"), KT("T")},
-    {KT("kex_dict_obj"), notBuilt, KT("key, [T or nil create = T]"), KT("en or nil")},
-    {KT("kex_dict_dir"), notBuilt, KT("key or en"), KT("list of str or nil")},
-    {KT("kex_dxr_get"), notBuilt, KT("key or en, key"), KT("any or nil")},
-    {KT("kex_dxr_mod"), notBuilt, KT("key or en, key, value or nil"), KT("en or nil")},
-    {KT("kex_dxr_dir"), notBuilt, KT("key or en, key, [T or nil deep]"), KT("list of keys or nil")},
+    {KT("kex_dict_obj"), kexDictObj, KT("key, [T or nil create = T]"), KT("en or nil")},
+    {KT("kex_dict_dir"), kexDictDir, KT("key or en"), KT("list of str or nil")},
+    {KT("kex_dxr_get"), kexDxrGet, KT("key or en, key"), KT("any or nil")},
+    {KT("kex_dxr_mod"), kexDxrMod, KT("key or en, key, value or nil"), KT("en or nil")},
+    {KT("kex_dxr_dir"), kexDxrDir, KT("key or en, key, [T or nil deep]"),
+     KT("list of keys or nil")},
     {KT("kex_d_bread"), dBread, KT("str file"), KT("list or nil")},
     {KT("kex_d_bwrite"), dBwrite, KT("str file, list data"), KT("T or nil")},
-    {KT("kex_d_hardpointer"), notBuilt, KT("en owner, str list, en target or nil"), KT("T or nil")},
-    {KT("kex_d_hardpointer_rem"), notBuilt, KT("en owner, str list, en target"), KT("T or nil")},
-    {KT("kex_d_hardpointer_get"), notBuilt, KT("en owner, str list"), KT("list of en or nil")},
+    {KT("kex_d_hardpointer"), dHardPointer, KT("en owner, str list, en target or nil"),
+     KT("T or nil")},
+    {KT("kex_d_hardpointer_rem"), dHardPointerRem, KT("en owner, str list, en target"),
+     KT("T or nil")},
+    {KT("kex_d_hardpointer_get"), dHardPointerGet, KT("en owner, str list"),
+     KT("list of en or nil")},
 };
 
 inline constexpr LispRow kDataRows[] = {
@@ -39,17 +46,17 @@ inline constexpr LispRow kDataRows[] = {
      KT("str")},
     {KT("kex_d_bez_set"), dLabelSet, KT("str text or nil, str context or nil, str new or nil"),
      KT("str")},
-    {KT("kex_d_get"), notBuilt, KT("en, key, [any default]"), KT("any")},
+    {KT("kex_d_get"), dGet, KT("en, key, [any default]"), KT("any")},
     {KT("kex_d_val"), dVal, KT("list data, key, [any default]"), KT("any")},
     {KT("kex_d_val_set"), dValSet, KT("list data or nil, key, any value or nil"),
      KT("list or nil")},
     {KT("kex_d_dirp"), dDirp, KT("any"), KT("T or nil")},
     {KT("kex_d_key"), dKey, KT("any"), KT("list or nil")},
-    {KT("kex_d_copy"), notBuilt, KT("en from, en to, [key = whole item]"), KT("T or nil")},
-    {KT("kex_d_remove"), notBuilt, KT("en, [T all]"), KT("T or nil")},
+    {KT("kex_d_copy"), dCopy, KT("en from, en to, [key = whole item]"), KT("T or nil")},
+    {KT("kex_d_remove"), dRemove, KT("en, [T all]"), KT("T or nil")},
     {KT("kex_d_equal"), dEqual, KT("data a, data b, [list of keys ignored], [num tol = _RNDF]"),
      KT("T or nil")},
-    {KT("kex_d_find"), notBuilt, KT("key, [any value], [el]"), KT("list of en or nil")},
+    {KT("kex_d_find"), dFind, KT("key, [any value], [el]"), KT("list of en or nil")},
     {KT("kex_d_merge"), dMerge, KT("list data a or nil, list data b or nil"), KT("list or nil")},
     {KT("kex_d_crc"), dCrc, KT("any data"), KT("str")},
     {KT("kex_d_xlogior"), dXLogIor, KT("str a, str b"), KT("str")},
@@ -60,13 +67,13 @@ inline constexpr LispRow kDataRows[] = {
 };
 
 inline constexpr LispRow kObjectDictRows[] = {
-    {KT("kex_obj_dict_name"), notBuilt, KT("en, [T or nil any owner]"), KT("str or nil")},
-    {KT("kex_obj_dict_path"), notBuilt, KT("en"), KT("list of str or nil")},
-    {KT("kex_obj_dict_dir"), notBuilt, KT("key"), KT("list of (str . en) or nil")},
+    {KT("kex_obj_dict_name"), kexObjDictName, KT("en, [T or nil any owner]"), KT("str or nil")},
+    {KT("kex_obj_dict_path"), kexObjDictPath, KT("en"), KT("list of str or nil")},
+    {KT("kex_obj_dict_dir"), kexObjDictDir, KT("key"), KT("list of (str . en) or nil")},
 };
 
 inline constexpr LispRow kDrawingDictRows[] = {
-    {KT("kex_dwg_dict_dir"), notBuilt, KT("key"), KT("list of strings or nil")},
+    {KT("kex_dwg_dict_dir"), kexDwgDictDir, KT("key"), KT("list of strings or nil")},
 };
 
 } // namespace KEX

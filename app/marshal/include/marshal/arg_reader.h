@@ -12,6 +12,8 @@
 //     if (in.failed()) return in.fail();
 #pragma once
 
+#include "hostapi/array.h"
+#include "hostapi/database.h"
 #include "hostapi/resbuf.h"
 #include "kex/matrix.h"
 #include "kex/plane.h"
@@ -58,8 +60,10 @@ public:
     CKexDataItem data(int position);
     /// A list of any kind, a directory or not, or nil.
     CKexDataItem dataList(int position);
-    /// The name of a drawing object, which may be erased.
-    CAdsName ename(int position);
+    /// A drawing object by its name; it may be erased. Null when no open drawing has it.
+    AcDbObjectId objectId(int position);
+    /// The path of a file or folder in the form of dos_name.
+    CKexString path(int position);
 
     // -- optional arguments: missing or nil is nothing, another type is an error
     std::optional<CKexString> stringIfAny(int position)
@@ -76,6 +80,10 @@ public:
     {
         return ifAny(&ArgReader::vector, position);
     }
+    /// Null when it is missing or nil.
+    AcDbObjectId objectIdIfAny(int position);
+    /// A list of names of objects, or a selection set, as fromRb reads them.
+    std::optional<AcArray<AcDbObjectId>> objectIdsIfAny(int position);
     /// A list of keys; none when it is missing or nil.
     CKexArrayTempl<CKexDataKey> keyListIfAny(int position);
 

@@ -26,6 +26,8 @@ public:
         if (count > 0) items_.reserve(static_cast<std::size_t>(count));
     }
 
+    /// The items in a row.
+    const T* data() const { return items_.data(); }
     T& operator[](int position) { return items_[checked(position)]; }
     const T& operator[](int position) const { return items_[checked(position)]; }
     T& first() { return (*this)[0]; }
@@ -35,6 +37,11 @@ public:
 
     void append(const T& item) { items_.push_back(item); }
     void append(T&& item) { items_.push_back(std::move(item)); }
+    /// Copies of `count` items of somebody else.
+    void append(const T* items, std::size_t count)
+    {
+        items_.insert(items_.end(), items, items + count);
+    }
     /// `other` may be this array.
     void append(const CKexArrayTempl& other)
     {

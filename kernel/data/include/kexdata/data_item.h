@@ -126,6 +126,8 @@ public:
     bool remove(const CKexDataKey& key);
     /// Keys of the directory in stored order, none for anything else.
     CKexArrayTempl<CKexDataKey> getKeyList() const;
+    /// Paths of all values below a directory, in stored order.
+    CKexArrayTempl<CKexDataKey> getPathList() const;
 
     /// Reads one LISP value and moves `rb` behind it. A list is a directory when every element is a
     /// list that begins with a text or an integer, no key occurs twice, and one key is a text or

@@ -10,6 +10,7 @@ LispFn kexFileLock, kexFileLocked, kexFileUnlock, kexFileAccess, kexFileMkdir, k
     kexFileRename, kexFileRemove, kexFileRmRdonly, kexFileDcmp, kexFileInfo, kexFileDirinfo,
     kexFileDir, kexFileDirmode, kexFileSplitpath, kexFileGetdrives, kexFileUnc, kexFileCpath,
     kexFileTmpname, kexFileFillenv;
+LispFn kexFileToXrec, kexFileFromXrec; // in dbbridge: the files are in the drawing
 
 inline constexpr LispRow kFileRows[] = {
     {KT("kex_file_lock"), kexFileLock, KT("str file, [num wait]"), KT("T or nil")},
@@ -33,10 +34,10 @@ inline constexpr LispRow kFileRows[] = {
     {KT("kex_file_cpath"), kexFileCpath, KT("[str path]"), KT("str")},
     {KT("kex_file_tmpname"), kexFileTmpname, KT("[str prefix]"), KT("str")},
     {KT("kex_file_fillenv"), kexFileFillenv, KT("str s"), KT("str")},
-    {KT("kex_file_to_xrec"), notBuilt, KT("str file, en object or key dictionary, key item"),
+    {KT("kex_file_to_xrec"), kexFileToXrec, KT("str file, en object or key dictionary, key item"),
      KT("T or nil")},
-    {KT("kex_file_from_xrec"), notBuilt, KT("str file, en object or key dictionary, key item"),
-     KT("T or nil")},
+    {KT("kex_file_from_xrec"), kexFileFromXrec,
+     KT("str file, en object or key dictionary, key item"), KT("T or nil")},
 };
 
 } // namespace KEX
