@@ -55,6 +55,7 @@ int FileCalls::write(int file, const char* bytes, std::size_t count)
         const ssize_t done = ::write(file, bytes, count);
         if (done < 0 && errno == EINTR) continue;
         if (done < 0) return errno;
+        if (done == 0) return ENOSPC; // nothing is taken any more
         bytes += done;
         count -= static_cast<std::size_t>(done);
     }

@@ -333,7 +333,8 @@ void Writer::classes()
 
 void Writer::tableHead(TableId table)
 {
-    const Record& head = drawing_.at(drawing_.tableHead(table));
+    Record scratch;
+    const Record& head = asWritten(drawing_, drawing_.tableHead(table), anyLeft_, scratch);
     std::int64_t size = 0;
     for (const Index index : drawing_.tableRecords(table))
         size += drawing_.at(index).erased ? 0 : 1;

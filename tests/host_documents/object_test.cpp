@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Objects through classes: who may open what, erasing, dictionaries, xrecords, reactors, swapping.
+#include "../host_dxf/dxf_support.h"
 #include "object_support.h"
 #include "open_objects.h"
 #include "undo_commands.h"
@@ -175,6 +176,26 @@ TEST_F(Objects, WhatACallLeavesOpenIsClosedBehindIt)
     // What is open cannot be made another object by taking changes back.
     EXPECT_TRUE(runUndoCommand(sheet_.document, u"U", [] { return std::nullopt; }));
     EXPECT_FALSE(id.isErased());
+}
+
+TEST_F(Objects, ADocumentThatCouldNotBeSavedStaysChangedAndKeepsItsFile)
+{
+    dxf::TemporaryFolder folder;
+    const std::string path = folder.file("plan.dxf");
+    ASSERT_EQ(sheet_.document.save(path), "");
+    const std::string before = dxf::readFile(path);
+    line();
+    const std::string name = sheet_.document.path();
+    std::filesystem::create_directory(dxf::temporaryName(path)); // in the way of the new file
+    EXPECT_NE(sheet_.document.save(path), "");
+    EXPECT_NE(sheet_.document.save(folder.file("no/such.dxf")), "");
+    EXPECT_TRUE(sheet_.document.isModified());
+    EXPECT_EQ(sheet_.document.path(), name);
+    EXPECT_TRUE(dxf::readFile(path) == before);
+    std::filesystem::remove(dxf::temporaryName(path));
+    EXPECT_EQ(sheet_.document.save(path), "");
+    EXPECT_FALSE(sheet_.document.isModified());
+    EXPECT_TRUE(dxf::readFile(path) == sheet_.text());
 }
 
 // -- erasing

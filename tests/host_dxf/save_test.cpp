@@ -22,43 +22,48 @@ public:
     {
         error,
         shortWrite, // half of it, then the disk is full
-        kill        // the process ends at the call
+        kill,       // the process ends at the call, half of it written
+        killBehind  // the process ends when the call has succeeded
     };
     FailingCalls(int which, How how) : left_(which), how_(how) {}
 
     int create(const std::string& path, const std::string& model, int& file) override
     {
-        return fails() ? EACCES : FileCalls::create(path, model, file);
+        return run(EACCES, [&] { return FileCalls::create(path, model, file); });
     }
     int write(int file, const char* bytes, std::size_t count) override
     {
-        if (!fails()) return FileCalls::write(file, bytes, count);
-        if (how_ == How::shortWrite) FileCalls::write(file, bytes, count / 2);
-        return ENOSPC;
+        if (left_ == 0 && (how_ == How::shortWrite || how_ == How::kill))
+            FileCalls::write(file, bytes, count / 2);
+        return run(ENOSPC, [&] { return FileCalls::write(file, bytes, count); });
     }
-    int flush(int file) override { return fails() ? EIO : FileCalls::flush(file); }
+    int flush(int file) override
+    {
+        return run(EIO, [&] { return FileCalls::flush(file); });
+    }
     int close(int file) override
     {
-        const bool failed = fails();
-        const int error = FileCalls::close(file);
-        return failed ? EIO : error;
+        if (left_ == 0) FileCalls::close(file); // it is gone all the same
+        return run(EIO, [&] { return FileCalls::close(file); });
     }
     int rename(const std::string& from, const std::string& to) override
     {
-        return fails() ? EIO : FileCalls::rename(from, to);
+        return run(EIO, [&] { return FileCalls::rename(from, to); });
     }
     int flushFolder(const std::string& folder) override
     {
-        return fails() ? EIO : FileCalls::flushFolder(folder);
+        return run(EIO, [&] { return FileCalls::flushFolder(folder); });
     }
     bool reached() const { return left_ < 0; }
 
 private:
-    bool fails()
+    template <class Call>
+    int run(int error, Call call)
     {
-        if (left_-- != 0) return false;
-        if (how_ == How::kill) ::_exit(0);
-        return true;
+        if (left_-- != 0) return call();
+        if (how_ == How::killBehind) call();
+        if (how_ == How::kill || how_ == How::killBehind) ::_exit(0);
+        return error;
     }
     int left_;
     How how_;
@@ -88,12 +93,12 @@ TEST(Save, AFailureAtAnyCallLeavesAWholeFile)
     const std::string target = folder.file("plan.dxf");
     const auto oldDrawing = bigDrawing("Alt"), newDrawing = bigDrawing("Neu");
     const std::string oldText = saveText(*oldDrawing), newTextWhole = saveText(*newDrawing);
-    for (const auto how :
-         {FailingCalls::How::error, FailingCalls::How::shortWrite, FailingCalls::How::kill}) {
+    using enum FailingCalls::How;
+    for (const auto how : {error, shortWrite, kill, killBehind}) {
         bool reached = true;
         for (int n = 0; reached; ++n) {
             writeFile(target, oldText);
-            if (how == FailingCalls::How::kill) {
+            if (how == kill || how == killBehind) {
                 const pid_t child = ::fork();
                 if (child == 0) {
                     FailingCalls calls(n, how);
@@ -113,7 +118,9 @@ TEST(Save, AFailureAtAnyCallLeavesAWholeFile)
             }
             const std::string now = readFile(target);
             ASSERT_TRUE(now == oldText || now == newTextWhole) << n;
-            // What a killed writer left behind does not stop the next one, and goes.
+            // It loads, and what a killed writer left behind is never taken for it.
+            EXPECT_NE(load(target).drawing, nullptr) << n;
+            // That does not stop the next one either, and goes.
             const Saved next = save(*newDrawing, target);
             EXPECT_TRUE(next.good) << next.error.message();
             EXPECT_FALSE(std::filesystem::exists(temporaryName(target)));

@@ -5,6 +5,7 @@
     make_dxf.py sample VERSION OUT    one of each kind of entity and object; VERSION R2000 ... R2018
     make_dxf.py mixed COUNT OUT       COUNT mixed entities
     make_dxf.py data COUNT OUT        the same, each with xdata, extension dictionary, two xrecords
+    make_dxf.py foreign VERSION OUT   what other applications keep in a drawing, in every form
 
 Equal arguments give equal geometry: numbers come from a fixed seed.
 """
@@ -127,13 +128,73 @@ def add_mixed(doc, count, with_data):
                 xdict.add_xrecord(key).reset([(1, f"{key} {i}"), (40, rnd.random()), (90, i)])
 
 
+TEXTS = ["", " ", "  leading and trailing  ", "Prüfung ß 20° ∅", "caret ^ here", "^J^I", "%%c %%%",
+         "\\U+00B0 \\P{\\H2x;}", "tab\there", "\U0001F600 beyond", "EOF", "  0", "x" * 250, "long " * 5000]
+REALS = [0.0, -0.0, 0.1, 1 / 3, 5e-324, -2.2250738585072014e-308, 1.7976931348623157e308, 1e16, 123456789.123456789,
+         9007199254740993.0, 1e-5, 9.999999999999999e22]
+
+
+def all_groups(handles):
+    """One group or more of each kind that stands in xrecords, those of AutoCAD alone included."""
+    tags = [(code, TEXTS[i % len(TEXTS)]) for i, code in enumerate((1, 2, 3, 4, 6, 7, 8, 9, 300, 301, 309, 410))]
+    tags += [(1, text) for text in TEXTS] + [(102, "{ANY"), (102, "text at all"), (102, "}")]
+    tags += [(40 + i % 20, value) for i, value in enumerate(REALS)] + [(140, 1e-300), (149, -1e300), (460, 0.7)]
+    tags += [(code, Vec3(0.1, -1e-17, 1e300)) for code in (10, 11, 17, 110, 111, 112, 210)]
+    tags += [(60, -32768), (79, 32767), (170, 1), (270, -1), (280, 5), (290, 0), (299, 1), (370, -3), (90, -2 ** 31),
+             (99, 2 ** 31 - 1), (420, 255), (440, -1), (160, 2 ** 62), (169, -2 ** 62), (1070, 7), (1071, 70000)]
+    tags += [(310, bytes(range(127))), (319, b""), (1004, b"\x00\xff"), (310, bytes(200))]
+    tags += [(code, handles[i % len(handles)])
+             for i, code in enumerate((320, 330, 340, 350, 360, 390, 331, 341, 329))]
+    return tags + [(330, "0"), (340, "0")]
+
+
+def add_foreign(doc):
+    add_resources(doc)
+    doc.appids.add("FREMD-Ä")
+    msp = doc.modelspace()
+    lines = [msp.add_line((i, 0), (i, 1 / (i + 1))) for i in range(8)]
+    handles = [line.dxf.handle for line in lines]
+    root = doc.rootdict.add_new_dict("Fremde_App", hard_owned=True)
+    soft = doc.rootdict.add_new_dict("another app", hard_owned=False)
+    for number, key in enumerate(("zulu", "Alpha", "ÖSE", "alpha2", "*A7", "*A3", "_x", "9", "10", "b c", "Ähre", "Z")):
+        root.add_xrecord(key).reset([(1, f"entry {number}"), (90, number)])
+        soft.add_xrecord(key).reset([(40, number * 0.1)])
+    deep = root
+    for level in range(40):
+        deep = deep.add_new_dict(f"Level {level}", hard_owned=level % 2 == 0)
+    deep.add_xrecord("bottom").reset(all_groups(handles))
+    root.add_xrecord("all").reset(all_groups(handles))
+    root.add_xrecord("empty").reset([])
+    root.add_xrecord("huge").reset([(1, "0123456789" * 10000)] + [(310, bytes([i % 256] * 127)) for i in range(500)])
+    root.add_dict_var("VARIABLE", "of text")
+    # Data on everything: entities, table records, blocks, dictionaries, an xrecord, twice as deep.
+    owners = lines + [doc.layers.get("LAYER_1"), doc.styles.get("SIMPLEX"), doc.blocks.get("BOLT").block_record,
+                      msp.block_record, root, root["all"]]
+    for number, owner in enumerate(owners):
+        xdict = owner.new_extension_dict()
+        record = xdict.add_xrecord("ÄUSSERES" if number % 2 else "outer")
+        record.reset(all_groups(handles))
+        record.new_extension_dict().add_xrecord("inner").reset([(330, owner.dxf.handle)])
+        owner.set_xdata("ORV_TEST", [(1000, text) for text in TEXTS if len(text) < 255] + [
+            (1002, "{"), (1010, Vec3(1, 2, 3)), (1011, Vec3(0.1, 0, 0)), (1040, 5e-324), (1041, -0.0), (1042, 1e300),
+            (1070, -32768), (1071, 2 ** 31 - 1), (1003, "LAYER_2"), (1005, handles[0]), (1004, bytes(range(127))),
+            (1002, "}")])
+        owner.set_xdata("FREMD-Ä", [(1000, f"second {number}")])
+        # In an order of their own, one more than once removed, one that leads nowhere.
+        owner.set_reactors([handles[number % 8], root.dxf.handle, "DEAD", soft.dxf.handle])
+    doc.groups.new("PAIR").extend(lines[:2])
+    doc.groups.new("*A5").extend(lines[2:5])
+
+
 def main():
     kind, parameter, path = sys.argv[1:4]
-    version = parameter if kind == "sample" else "R2013"
+    version = parameter if kind in ("sample", "foreign") else "R2013"
     doc = ezdxf.new(version, setup=False)
     doc.header["$INSUNITS"] = 4
     if kind == "sample":
         add_sample(doc)
+    elif kind == "foreign":
+        add_foreign(doc)
     else:
         add_mixed(doc, int(parameter), kind == "data")
     doc.saveas(path)
