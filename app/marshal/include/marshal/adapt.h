@@ -42,6 +42,9 @@ auto orElse(ArgReader& in, int position)
     }
 }
 
+/// A flag behind arguments that may be missing.
+inline bool flagIfAny(ArgReader& in, int) { return in.flag(); }
+
 namespace adapting {
 
 template <class T>
@@ -72,10 +75,11 @@ T read(ArgReader& in, int position)
 template <auto Supply>
 inline constexpr bool kReads = !std::is_invocable_v<decltype(Supply)>;
 
+/// `next` is the position of the next argument.
 template <auto Supply>
-auto supplied(ArgReader& in, int position)
+auto supplied(ArgReader& in, int& next)
 {
-    if constexpr (kReads<Supply>) return Supply(in, position);
+    if constexpr (kReads<Supply>) return Supply(in, next++);
     else return Supply();
 }
 
@@ -125,10 +129,10 @@ int call(std::type_identity<Result(Parameters...)>, const Primitive& primitive, 
     ArgReader in(args);
     const auto readAll = [&in]<int... I>(std::integer_sequence<int, I...>)
     {
-        int next = kFirst + kPlain;
+        [[maybe_unused]] int next = kFirst + kPlain;
         // Braces: the arguments are read in order.
         return Values{read<std::tuple_element_t<I, Values>>(in, kFirst + I)...,
-                      supplied<Supplies>(in, kReads<Supplies> ? next++ : 0)...};
+                      supplied<Supplies>(in, next)...};
     };
     const Values values = readAll(std::make_integer_sequence<int, kPlain>());
     if (in.failed()) return in.fail();

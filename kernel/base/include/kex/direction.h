@@ -21,6 +21,8 @@ inline double acutAngle(const CKexPoint3d& p, const CKexPoint3d& q)
     return g_ang(std::atan2(q.y - p.y, q.x - p.x));
 }
 
+/// The part of a vector in the XY plane.
+inline CKexVector3d inXY(const CKexVector3d& v) { return {v.x, v.y}; }
 /// Cross product of the XY parts: the area that b spans to the left of a.
 inline double crossXY(const CKexVector3d& a, const CKexVector3d& b)
 {
