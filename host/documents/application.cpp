@@ -66,6 +66,7 @@ bool Application::close()
 template <typename Call>
 bool Application::guarded(std::u16string_view what, Call&& call)
 {
+    Host::instance().tellChanges(); // what its reactors must know before it runs
     std::string how;
     Application* const caller = current_;
     CallFrame* const frame = CallFrame::innermost;
@@ -108,6 +109,11 @@ AcRx::AppRetCode Application::send(AcRx::AppMsgCode message, void* packet)
 void Application::runCommand(void (*command)(), std::u16string_view name)
 {
     guarded(name, command);
+}
+
+void Application::runReactor(const std::function<void()>& call, std::u16string_view name)
+{
+    guarded(name, call);
 }
 
 int Application::runRoute(int (*route)(), std::u16string_view name)

@@ -6,6 +6,7 @@
 #include "hostapi/rx.h"
 #include "lisp/world.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -55,6 +56,8 @@ public:
     void runCommand(void (*command)(), std::u16string_view name);
     /// Runs a route of a LISP function behind the fence: its status, RSERR after a fault.
     int runRoute(int (*route)(), std::u16string_view name);
+    /// Calls a reactor of the application behind the fence.
+    void runReactor(const std::function<void()>& call, std::u16string_view name);
     bool faulted() const { return faulted_; }
 
     ApplicationFunction& function(int code);

@@ -2,6 +2,7 @@
 // The database of a document as applications see it: values of the header, the roots, copies.
 #pragma once
 
+#include "database_events.h"
 #include "drawing/drawing.h"
 #include "hostapi/objects.h"
 
@@ -10,7 +11,7 @@ namespace orvald {
 class Database final : public AcDbDatabase
 {
 public:
-    explicit Database(drawing::Drawing& drawing) : drawing_(drawing) {}
+    explicit Database(drawing::Drawing& drawing) : drawing_(drawing), events_(drawing, *this) {}
     drawing::Drawing& drawing() const { return drawing_; }
     /// The drawing of a database of this host.
     static drawing::Drawing& drawingOf(const AcDbDatabase& database)
@@ -23,6 +24,15 @@ public:
     AcDb::MeasurementValue measurement() const override;
     Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue value) override;
     bool isPartiallyOpened() const override { return false; }
+    Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const override
+    {
+        return events_.add(reactor);
+    }
+    Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const override
+    {
+        return events_.remove(reactor);
+    }
+    DatabaseEvents& events() { return events_; }
 
     AcDbObjectId namedObjectsDictionaryId() const override;
     Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary,
@@ -40,6 +50,7 @@ private:
     void set(std::string_view variable, int value);
 
     drawing::Drawing& drawing_;
+    mutable DatabaseEvents events_; // reactors come to a database that is only read, too
 };
 
 } // namespace orvald

@@ -54,8 +54,18 @@ std::string Document::save(const std::string& path)
     return {};
 }
 
+void Document::tellChanges() { database_->events().tell(); }
+
+void Document::goodbye()
+{
+    for (const std::string& line : host_.openObjects().closeAllOf(*drawing_))
+        host_.console().warning(line);
+    database_->events().goodbye();
+}
+
 void Document::forget(const Application& application)
 {
+    database_->events().forget(application);
     for (const auto& [code, function] : application.functions()) {
         world_.undefineExternal(function->name(), *function);
     }

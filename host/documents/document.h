@@ -17,6 +17,7 @@
 namespace orvald {
 
 class Application;
+class Database;
 class Host;
 
 class Document final : public AcApDocument, private lisp::WorldHost
@@ -41,7 +42,13 @@ public:
     /// True when the drawing has changed since it was opened or saved.
     bool isModified() const { return drawing_->changeCount() != savedChanges_; }
 
-    /// Takes out the LISP functions of an application that is gone.
+    /// Tells the reactors of the drawing what has changed; comes at the end of every function that
+    /// changes it, and before a module is called.
+    void tellChanges();
+    /// The document is being closed: its objects are, and the reactors hear of it.
+    void goodbye();
+
+    /// Takes out the LISP functions and the reactors of an application that is gone.
     void forget(const Application& application);
     /// Names of the "C:" functions of this document, without the prefix, upper case.
     const std::set<std::u16string, std::less<>>& commands() const { return commands_; }
@@ -85,7 +92,7 @@ private:
     std::uint64_t savedChanges_; // change count of the drawing when it was opened or saved
     std::string path_;
     std::u16string fileName_;
-    std::unique_ptr<AcDbDatabase> database_;
+    std::unique_ptr<Database> database_;
     SystemVariables variables_;
     TemporaryGraphics graphics_;
     UserState user_;

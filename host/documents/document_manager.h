@@ -4,6 +4,8 @@
 #pragma once
 
 #include "hostapi/documents.h"
+#include "hostapi/reactors.h"
+#include "reactor_list.h"
 
 namespace orvald {
 
@@ -13,6 +15,17 @@ class DocumentManager final : public AcApDocManager
 {
 public:
     explicit DocumentManager(Host& host) : host_(host) {}
+    /// The current document is about to be left: the reactors hear of it.
+    void tellDeactivation();
+    /// Takes out the reactors of an application that is gone.
+    void forget(const Application& application) { reactors_.forget(application); }
+
+    AcApDocument* document(const AcDbDatabase* database) const override;
+    void addReactor(AcApDocManagerReactor* reactor) override
+    {
+        if (reactor != nullptr) reactors_.add(reactor);
+    }
+    void removeReactor(AcApDocManagerReactor* reactor) override { reactors_.remove(reactor); }
     AcApDocument* curDocument() const override;
     AcApDocument* mdiActiveDocument() const override;
     Acad::ErrorStatus setCurDocument(AcApDocument* document, AcAp::DocLockMode mode,
@@ -24,6 +37,7 @@ public:
 
 private:
     Host& host_;
+    ReactorList<AcApDocManagerReactor> reactors_;
 };
 
 } // namespace orvald

@@ -121,6 +121,7 @@ void DynamicLinker::drop(Application& application)
     Host& host = Host::instance();
     // What the module did not take back itself must not be called any more.
     host.commands().removeOf(application);
+    host.documentManager().forget(application);
     host.forEachDocument([&](Document& document) { document.forget(application); });
     const auto place = std::ranges::find_if(
         applications_, [&](const auto& other) { return other.get() == &application; });

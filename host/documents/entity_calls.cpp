@@ -31,7 +31,10 @@ template <typename Call>
 int onDrawing(Call&& call)
 {
     Document* document = Host::instance().current();
-    return document == nullptr ? RTERROR : status(*document, call(document->entities()));
+    if (document == nullptr) return RTERROR;
+    const int answer = status(*document, call(document->entities()));
+    document->tellChanges();
+    return answer;
 }
 
 ObjectId idOf(const ads_name name)

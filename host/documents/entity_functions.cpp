@@ -36,6 +36,7 @@ Value entmod(World& world, Args args)
     if (!args[0].isCons()) world.badArgument("consp", args[0]);
     const Chain groups = groupsFromList(world, args[0]);
     const ErrNo error = Document::of(world).entities().entMod(groups.get());
+    Document::of(world).tellChanges();
     return succeeded(world, error) ? args[0] : Value::nil();
 }
 
@@ -45,6 +46,7 @@ std::optional<drawing::EntityFunctions::Made> make(World& world, Args args)
     const Chain groups = args.size() == 0 ? nullptr : groupsFromList(world, args.list(0));
     drawing::EntityFunctions::Made made;
     const ErrNo error = Document::of(world).entities().entMake(groups.get(), made);
+    Document::of(world).tellChanges();
     if (!succeeded(world, error) || groups == nullptr) return std::nullopt;
     return made;
 }
@@ -69,6 +71,7 @@ Value entmakex(World& world, Args args)
 Value entdel(World& world, Args args)
 {
     const ErrNo error = Document::of(world).entities().entDel(idArgument(args, 0));
+    Document::of(world).tellChanges();
     return succeeded(world, error) ? args[0] : Value::nil();
 }
 

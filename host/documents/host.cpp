@@ -42,10 +42,22 @@ Host::~Host()
 
 Host& Host::instance() { return *theHost; }
 
+void Host::setCurrent(Document& document)
+{
+    if (current_ == &document) return;
+    documentManager_.tellDeactivation();
+    current_ = &document;
+}
+
+void Host::tellChanges()
+{
+    for (const auto& document : documents_) document->tellChanges();
+}
+
 void Host::open(std::unique_ptr<Document> document)
 {
     documents_.push_back(std::move(document));
-    current_ = documents_.back().get();
+    setCurrent(*documents_.back());
     linker_.broadcast(AcRx::kLoadDwgMsg, *current_);
 }
 
@@ -73,12 +85,12 @@ Document* Host::openDocument(const std::string& path, std::string& problem)
 
 void Host::closeDocument(Document& document)
 {
+    if (current_ == &document) documentManager_.tellDeactivation();
     if (document.isModified()) linker_.broadcast(AcRx::kQuitMsg, document);
     linker_.broadcast(AcRx::kUnloadDwgMsg, document, true);
     const auto place = std::ranges::find_if(
         documents_, [&](const auto& other) { return other.get() == &document; });
-    for (const std::string& line : openObjects_.closeAllOf(document.drawing()))
-        console_.warning(line);
+    document.goodbye();
     const std::unique_ptr<Document> last = std::move(*place);
     documents_.erase(place);
     if (current_ == last.get()) current_ = documents_.empty() ? nullptr : documents_.back().get();

@@ -74,7 +74,10 @@ public:
     private:
         Document* before_;
     };
-    void setCurrent(Document* document) { current_ = document; }
+    /// Another document becomes current; the reactors are told before.
+    void setCurrent(Document& document);
+    /// Tells the reactors of all drawings what has changed.
+    void tellChanges();
 
     // -- files
     /// Full path of `name` on the search path: as it stands, the current folder, the folder of the

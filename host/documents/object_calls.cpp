@@ -118,6 +118,7 @@ Acad::ErrorStatus AcDbObject::downgradeOpen()
     if (!state_->writing) return Acad::eNotOpenForWrite;
     state_->writing = state_->modified = state_->graphicsModified = false;
     state_->readers = 1;
+    tellChanges(*state_->drawing);
     return Acad::eOk;
 }
 

@@ -39,6 +39,12 @@ Acad::ErrorStatus lockStatus(const drawing::Drawing& drawing)
     return document->isLockedForWrite() ? Acad::eOk : Acad::eLockViolation;
 }
 
+void tellChanges(drawing::Drawing& drawing)
+{
+    if (!drawing.hasTouched()) return;
+    if (Document* document = Host::instance().documentOf(drawing)) document->tellChanges();
+}
+
 Acad::ErrorStatus writeStatus(const drawing::Drawing& drawing, Index index)
 {
     const Acad::ErrorStatus status = lockStatus(drawing);
@@ -78,14 +84,19 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject*& object, AcDbObjectId id, AcDb::
         if (status != Acad::eOk) return status;
     }
 
-    AcDbObject* known = find(id);
-    if (known != nullptr) {
+    if (const AcDbObject* known = find(id)) {
         const Acad::ErrorStatus status = conflict(stateOf(*known), mode);
         if (status != Acad::eOk) return status;
-    } else {
-        known = AcDbObjectAccess::make(*drawing, index).release(); // until its last close
-        objects_.emplace(id.asOldId(), known);
     }
+    object = &opened(*drawing, index, mode);
+    return Acad::eOk;
+}
+
+AcDbObject& OpenObjects::opened(drawing::Drawing& drawing, Index index, AcDb::OpenMode mode)
+{
+    AcDbObject*& known = objects_[drawing.idOf(index).value];
+    if (known == nullptr)
+        known = AcDbObjectAccess::make(drawing, index).release(); // until its last close
     AcDbObjectAccess::State& state = stateOf(*known);
     switch (mode) {
     case AcDb::kForRead: ++state.readers; break;
@@ -93,8 +104,18 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject*& object, AcDbObjectId id, AcDb::
     case AcDb::kForNotify: state.notifying = true; break;
     }
     state.depths.push_back(depth_);
-    object = known;
-    return Acad::eOk;
+    return *known;
+}
+
+AcDbObject* OpenObjects::openToNotify(drawing::Drawing& drawing, Index index)
+{
+    return &opened(drawing, index, AcDb::kForNotify);
+}
+
+bool OpenObjects::mayBeNotified(AcDbObjectId id) const
+{
+    const AcDbObject* object = find(id);
+    return object == nullptr || !(stateOf(*object).writing || stateOf(*object).notifying);
 }
 
 void OpenObjects::adopt(AcDbObject& object)
@@ -110,12 +131,21 @@ Acad::ErrorStatus OpenObjects::close(AcDbObject& object)
     AcDbObjectAccess::State& state = stateOf(object);
     if (state.fresh) return Acad::eNotInDatabase;
     if (state.depths.empty()) return Acad::eInvalidOpenState;
+    drawing::Drawing& drawing = *state.drawing;
+    const bool mayTell = state.writing || state.notifying;
+    end(object);
+    if (mayTell) tellChanges(drawing);
+    return Acad::eOk;
+}
+
+void OpenObjects::end(AcDbObject& object)
+{
+    AcDbObjectAccess::State& state = stateOf(object);
     if (state.notifying) state.notifying = false;
     else if (state.writing) state.writing = false;
     else --state.readers;
     state.depths.pop_back();
     if (state.depths.empty()) delete &object; // forgets itself
-    return Acad::eOk;
 }
 
 bool OpenObjects::anyOf(const drawing::Drawing& drawing) const
@@ -157,7 +187,7 @@ std::vector<std::string> OpenObjects::closeWhere(Left&& left)
         const char* how = state.notifying ? "notify" : state.writing ? "write" : "read";
         lines.push_back(std::string(record.typeName()) + " " + drawing::handleText(record.handle) +
                         " was left open for " + how + " and is closed.");
-        for (std::size_t i = 0; i < count; ++i) close(*object);
+        for (std::size_t i = 0; i < count; ++i) end(*object);
     }
     return lines;
 }
@@ -166,7 +196,10 @@ std::vector<std::string> OpenObjects::leaveCall(int depth)
 {
     depth_ = depth - 1;
     if (objects_.empty()) return {};
-    return closeWhere([=](const AcDbObjectAccess::State&, int opened) { return opened >= depth; });
+    std::vector<std::string> lines =
+        closeWhere([=](const AcDbObjectAccess::State&, int opened) { return opened >= depth; });
+    if (!lines.empty()) Host::instance().tellChanges();
+    return lines;
 }
 
 std::vector<std::string> OpenObjects::closeAllOf(const drawing::Drawing& drawing)

@@ -18,8 +18,12 @@ public:
                            bool openErased);
     /// Takes an object in that has just become resident: it is open for write.
     void adopt(AcDbObject& object);
-    /// Ends the last opening; the object may be gone afterwards.
+    /// Ends the last opening; the object may be gone afterwards. What has changed is told.
     Acad::ErrorStatus close(AcDbObject& object);
+    /// Opens an object for notify, whatever has become of it; mayBeNotified is true.
+    AcDbObject* openToNotify(drawing::Drawing& drawing, drawing::Index index);
+    /// True when nobody writes the object or has it open for notify.
+    bool mayBeNotified(AcDbObjectId id) const;
     /// eOk when the object may be opened for write by somebody else now.
     Acad::ErrorStatus whyNotWritable(AcDbObjectId id) const;
     /// Null when it is not open.
@@ -39,6 +43,8 @@ public:
     std::vector<std::string> closeAllOf(const drawing::Drawing& drawing);
 
 private:
+    AcDbObject& opened(drawing::Drawing& drawing, drawing::Index index, AcDb::OpenMode mode);
+    void end(AcDbObject& object);
     template <typename Left>
     std::vector<std::string> closeWhere(Left&& left);
 
@@ -51,5 +57,8 @@ private:
 Acad::ErrorStatus lockStatus(const drawing::Drawing& drawing);
 /// The same for one record: eOnLockedLayer for an entity on a locked layer.
 Acad::ErrorStatus writeStatus(const drawing::Drawing& drawing, drawing::Index index);
+
+/// Tells the reactors of the drawing what has changed; nothing when it is not open in a document.
+void tellChanges(drawing::Drawing& drawing);
 
 } // namespace orvald

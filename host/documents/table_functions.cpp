@@ -75,6 +75,7 @@ Value dictnext(World& world, Args args)
 Value dictadd(World& world, Args args)
 {
     const ErrNo error = entities(world).dictAdd({args.entity(0)}, args.string(1), {args.entity(2)});
+    Document::of(world).tellChanges();
     return succeeded(world, error) ? args[2] : Value::nil();
 }
 
@@ -83,6 +84,7 @@ Value dictremove(World& world, Args args)
 {
     ObjectId object;
     const ErrNo error = entities(world).dictRemove({args.entity(0)}, args.string(1), object);
+    Document::of(world).tellChanges();
     return succeeded(world, error) ? nameValue(object) : Value::nil();
 }
 
@@ -91,6 +93,7 @@ Value dictrename(World& world, Args args)
 {
     const ErrNo error =
         entities(world).dictRename({args.entity(0)}, args.string(1), args.string(2));
+    Document::of(world).tellChanges();
     return succeeded(world, error) ? args[2] : Value::nil();
 }
 

@@ -108,6 +108,7 @@ bool runUndoCommand(Document& document, std::u16string_view name, const NextType
     else if (name == u"U") undoSteps(document, 1);
     else if (!document.drawing().journal().redo())
         document.world().host().print(u"There is nothing to redo.\n");
+    document.tellChanges();
     return true;
 }
 

@@ -104,9 +104,27 @@ Index Drawing::place(Record&& record)
     if (count_ == kNone) throw std::bad_alloc();
     if (count_ % kChunk == 0) chunks_.push_back(std::make_unique<Slot[]>(kChunk));
     const Index index = count_++;
+    if (watching_) remember(index);
     slot(index).record = std::move(record);
     ++changes_;
     return index;
+}
+
+void Drawing::watch(bool on)
+{
+    watching_ = on;
+    takeTouched([](Index) { return true; });
+}
+
+void Drawing::remember(Index index)
+{
+    Slot& place = slot(index);
+    if (std::exchange(place.touched, true)) return;
+    const Record& record = place.record;
+    touched_.push_back({index, record.undone        ? Touched::Before::undone
+                               : record.erased      ? Touched::Before::erased
+                               : record.handle == 0 ? Touched::Before::absent
+                                                    : Touched::Before::living});
 }
 
 void Drawing::appendChild(Index owner, Index child)
@@ -120,7 +138,7 @@ void Drawing::appendChild(Index owner, Index child)
     if (extras.lastChild == kNone) {
         extras.firstChild = child;
     } else {
-        touch(extras.lastChild);
+        save(extras.lastChild);
         slot(extras.lastChild).next = child;
     }
     extras.lastChild = child;

@@ -91,10 +91,16 @@ void Journal::headerChanges()
 
 void Journal::exchange(Step& step)
 {
-    for (auto& [index, state] : step.records)
+    const auto exchanged = [this](Index index) {
+        if (drawing_.watching_) drawing_.remember(index);
+    };
+    for (auto& [index, state] : step.records) {
+        exchanged(index);
         std::swap(static_cast<RecordState&>(drawing_.slot(index)), state);
+    }
     const bool takesBack = step.made.empty();
     for (Index index = step.firstNew; index < step.endNew; ++index) {
+        exchanged(index);
         RecordState& slot = drawing_.slot(index);
         if (takesBack) {
             RecordState gone; // has the handle, so that nobody else gets it in this session

@@ -6,6 +6,7 @@
 #include "hostapi/rx.h"
 
 class AcDbDatabase;
+class AcDbDatabaseReactor;
 class AcDbDictionary;
 class AcDbIdMapping;
 
@@ -98,6 +99,12 @@ public:
     virtual AcDb::MeasurementValue measurement() const = 0;
     virtual Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue value) = 0;
     virtual bool isPartiallyOpened() const = 0;
+
+    /// From now on the reactor is told of changes; see hostapi/reactors.h. eDuplicateKey when it is
+    /// there already, eNullObjectPointer.
+    virtual Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const = 0;
+    /// eKeyNotFound when it is not there.
+    virtual Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const = 0;
 
     /// Root of the named objects.
     virtual AcDbObjectId namedObjectsDictionaryId() const = 0;

@@ -28,9 +28,16 @@ public:
     ~AcApDocument() override;
 };
 
+class AcApDocManagerReactor;
+
 class HOST_API AcApDocManager : public AcRxObject
 {
 public:
+    /// The document that a database is open in; null when it is not.
+    virtual AcApDocument* document(const AcDbDatabase* database) const = 0;
+    /// See hostapi/reactors.h. Nothing happens to one that is there already, or that is not there.
+    virtual void addReactor(AcApDocManagerReactor* reactor) = 0;
+    virtual void removeReactor(AcApDocManagerReactor* reactor) = 0;
     /// The document that calls refer to; null when none is open.
     virtual AcApDocument* curDocument() const = 0;
     /// The document with the focus.

@@ -48,6 +48,20 @@ struct RawSection
     std::string text; // lines end with \n
 };
 
+/// A place that has changed, and what stood there before.
+struct Touched
+{
+    enum class Before : std::uint8_t
+    {
+        absent,
+        undone, // its making was taken back
+        erased,
+        living
+    };
+    Index index;
+    Before before;
+};
+
 class Drawing
 {
 public:
@@ -203,6 +217,25 @@ public:
     /// The journal of changes, which begins with the first call: nothing before can be taken back.
     Journal& journal();
 
+    // Watching ------------------------------------------------------------------------------------
+    /// Remembers the places that change from now on, or no longer. Off at first.
+    void watch(bool on);
+    bool hasTouched() const { return !touched_.empty(); }
+    /// Gives the remembered places in the order of their first changes, each once; those for which
+    /// `ready` is false are kept for the next time.
+    template <class Ready>
+    std::vector<Touched> takeTouched(Ready&& ready)
+    {
+        std::vector<Touched> taken, kept;
+        for (const Touched& place : touched_) {
+            const bool given = ready(place.index);
+            slot(place.index).touched = !given;
+            (given ? taken : kept).push_back(place);
+        }
+        touched_ = std::move(kept);
+        return taken;
+    }
+
     // The rest of a drawing -----------------------------------------------------------------------
     HeaderVariables header;
     std::vector<TagList> classes; // rows of the CLASSES section, in order: proxies count on it
@@ -216,6 +249,7 @@ private:
     struct Slot : RecordState
     {
         std::uint32_t step = 0; // of the journal, in which the state was saved
+        bool touched = false;   // stands among the touched places
     };
     static constexpr Index kChunk = 1024;
 
@@ -225,8 +259,15 @@ private:
     /// Comes before every change of a place.
     void touch(Index index)
     {
+        save(index);
+        if (watching_) remember(index);
+    }
+    /// Comes before a change of its links alone.
+    void save(Index index)
+    {
         if (slot(index).step != step_ && index < firstNew_) journal_->saveRecord(index);
     }
+    void remember(Index index);
     SymbolTable& editTable(TableId table);
     void replaceName(TableId table, std::string_view from, std::string_view to);
 
@@ -241,6 +282,8 @@ private:
     std::unique_ptr<Journal> journal_;
     std::uint32_t step_ = 0; // present step of the journal, 0 without one
     Index firstNew_ = 0;     // places from here on are new in that step
+    bool watching_ = false;
+    std::vector<Touched> touched_;
 };
 
 /// Rows of the CLASSES section for the objects that every drawing holds.
