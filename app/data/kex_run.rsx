@@ -5,3 +5,5 @@ AD018=Argument
 AD019=ist ungültig
 AD020=nicht verfügbar
 KEX041=oder
+OBJ001=Daten sind nicht in der Zeichnung gespeichert, Objekte:
+OBJ002=Inzwischen geänderte Daten sind überschrieben, Objekte:

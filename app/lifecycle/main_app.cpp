@@ -13,6 +13,8 @@
 #include "kex/perf.h"
 #include "kex/system.h"
 #include "kexdata/configuration.h"
+#include "kexobj/data_cache.h"
+#include "kexobj/dictionaries.h"
 #include "lifecycle/commands.h"
 #include "lifecycle/drawing_start.h"
 #include "lifecycle/settings.h"
@@ -92,12 +94,14 @@ AcRx::AppRetCode CMainArxApp::On_kLoadDwgMsg(void*)
 
 AcRx::AppRetCode CMainArxApp::On_kUnloadDwgMsg(void*)
 {
+    guarded(KT("UnloadDwg()"), [] { xd_close(currentDatabase()); });
     guarded(KT("UnloadDwg()"), [] { kexLispUndefineAll(); });
     return AcRx::kRetOK;
 }
 
 AcRx::AppRetCode CMainArxApp::On_kSaveMsg(void*)
 {
+    guarded(KT("Save()"), [] { xd_close(currentDatabase()); }); // before the host writes the file
     guarded(KT("Save()"), [] { saveConfiguration(); });
     return AcRx::kRetOK;
 }
@@ -114,10 +118,12 @@ void CMainArxApp::takeDown()
 {
     // Each drawing has lost its functions with its own message; this is for a host that sent none.
     kexLispUndefineAll();
+    xd_close(false); // likewise
+    xd_close(true);
     automation_.reset();
     fileUnlockAll();
     dirModeSet(0, 0); // another module may keep the kernel's libraries loaded
-    statusBarStop(); // its thread runs code of this module
+    statusBarStop();  // its thread runs code of this module
     saveConfiguration();
     for (const CKexString& file : siblings_) acedArxUnload(file.c_str());
     siblings_.clear();

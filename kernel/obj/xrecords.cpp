@@ -3,19 +3,12 @@
 // before anything of the drawing is changed: a refused write leaves all as it was.
 #include "kexobj/xrecords.h"
 
+#include "data_record.h"
 #include "kexdata/data_dir.h"
-#include "kexobj/item_form.h"
 #include "kexobj/open_object.h"
 
 namespace KEX {
 namespace {
-
-CSmartResbuf groupsOf(const AcDbXrecord& record)
-{
-    resbuf* chain = nullptr;
-    record.rbChain(&chain);
-    return CSmartResbuf(chain);
-}
 
 bool setGroups(AcDbXrecord& record, const resbuf* groups, AcDbDatabase* database = nullptr)
 {
@@ -31,28 +24,6 @@ AcDbObjectId entryOf(const AcDbObject& object, const ACHAR* name)
     const OpenObject<AcDbDictionary> dictionary(object.extensionDictionary());
     if (dictionary) dictionary->getAt(name, entry);
     return entry;
-}
-
-/// The object that an xrecord holds the data of: its extension dictionary has the record under the
-/// kernel's name. Null for other xrecords.
-AcDbObjectId objectOf(const AcDbXrecord& record)
-{
-    const OpenObject<AcDbDictionary> dictionary(record.ownerId());
-    AcDbObjectId entry;
-    if (!dictionary || dictionary->getAt(kDataXrecord, entry) != Acad::eOk ||
-        entry != record.objectId())
-        return {};
-    // For notify: whoever asks may have it open for write.
-    const OpenObject<AcDbObject> object(dictionary->ownerId(), AcDb::kForNotify);
-    return object && object->extensionDictionary() == dictionary->objectId() ? object->objectId()
-                                                                             : AcDbObjectId();
-}
-
-/// Whether the kernel may write over what the record holds.
-bool isOurs(const AcDbXrecord& record, ItemForm form)
-{
-    return form == ItemForm::none || form == ItemForm::item ||
-           (form == ItemForm::foreign && !objectOf(record).isNull());
 }
 
 /// Enters a new xrecord under a name that is free; the object is open for write.
@@ -132,6 +103,38 @@ bool put(std::unique_ptr<CKexDataItem>& whole, const CKexDataKey& key, CKexDataI
 
 } // namespace
 
+CSmartResbuf groupsOf(const AcDbXrecord& record)
+{
+    resbuf* chain = nullptr;
+    record.rbChain(&chain);
+    return CSmartResbuf(chain);
+}
+
+AcDbObjectId dataRecord(const AcDbObject& object)
+{
+    return AcDbXrecord::cast(&object) != nullptr ? object.objectId()
+                                                 : entryOf(object, kDataXrecord);
+}
+
+AcDbObjectId objectOf(const AcDbXrecord& record)
+{
+    const OpenObject<AcDbDictionary> dictionary(record.ownerId());
+    AcDbObjectId entry;
+    if (!dictionary || dictionary->getAt(kDataXrecord, entry) != Acad::eOk ||
+        entry != record.objectId())
+        return {};
+    // For notify: whoever asks may have it open for write.
+    const OpenObject<AcDbObject> object(dictionary->ownerId(), AcDb::kForNotify);
+    return object && object->extensionDictionary() == dictionary->objectId() ? object->objectId()
+                                                                             : AcDbObjectId();
+}
+
+bool isOurs(const AcDbXrecord& record, ItemForm form)
+{
+    return form == ItemForm::none || form == ItemForm::item ||
+           (form == ItemForm::foreign && !objectOf(record).isNull());
+}
+
 std::unique_ptr<CKexDataItem> xrGet(const AcDbObject& object, const CKexDataKey& key)
 {
     if (const AcDbXrecord* record = AcDbXrecord::cast(&object))
@@ -183,8 +186,7 @@ AcDbObjectId xrPut(AcDbObjectId xrecord, const CKexDataKey& key, std::unique_ptr
 
 bool xrecId(AcDbObject& object, AcDbObjectId& xrecord, bool create)
 {
-    const bool isRecord = AcDbXrecord::cast(&object) != nullptr;
-    xrecord = isRecord ? object.objectId() : entryOf(object, kDataXrecord);
+    xrecord = dataRecord(object);
     if (xrecord.isNull() && create) xrecord = putEntry(object, kDataXrecord, nullptr);
     if (xrecord.objectClass() != AcDbXrecord::desc()) xrecord = {};
     return !xrecord.isNull();

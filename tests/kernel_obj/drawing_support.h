@@ -17,7 +17,7 @@ namespace kextest {
 class DrawingTest : public testing::Test
 {
 protected:
-    DrawingTest() : session_(withoutModules()) { newDrawing(); }
+    DrawingTest() : session_(withoutModules(home_.path())) { newDrawing(); }
     ~DrawingTest() override { unlock(); }
 
     static void lock() { EXPECT_EQ(acDocManager->lockDocument(document()), Acad::eOk); }
@@ -95,12 +95,14 @@ protected:
         return record && record->setFromRbChain(*groups) == Acad::eOk;
     }
 
+    TempFolder home_;
     orvald::Session session_;
 
 private:
-    static orvald::SessionOptions withoutModules()
+    static orvald::SessionOptions withoutModules(const std::string& home)
     {
         orvald::SessionOptions options;
+        options.home = home;
         options.kernel.clear();
         options.quiet = true;
         return options;
