@@ -74,6 +74,13 @@ bool readLines(const std::string& path, std::vector<std::string>& lines)
     return in.eof() && !in.bad();
 }
 
+bool readBytes(const std::string& path, std::string& bytes)
+{
+    std::ifstream in(path, std::ios::binary);
+    bytes.assign(std::istreambuf_iterator<char>(in), {});
+    return in.is_open() && !in.bad();
+}
+
 /// Writes what was asked for after a good run.
 int writeResults(const Options& options, Session& session)
 {
@@ -207,6 +214,36 @@ int draw(const Options& options)
     if (session->picture(options.words[1], problem)) return kWell;
     say(problem);
     return kNoOutput;
+}
+
+int data(const Options& options)
+{
+    if (options.words.size() != 1) {
+        say("orvald data needs a data file: orvald data [--from-text TEXT] FILE.dex");
+        return kUsage;
+    }
+    const std::string& file = options.words.front();
+    const bool writes = !options.fromText.empty();
+    const std::string& source = writes ? options.fromText : file;
+    std::string bytes;
+    if (!isFile(source) || !readBytes(source, bytes)) {
+        say(source + (isFile(source) ? ": cannot be read" : ": no such file"));
+        return kFileMissing;
+    }
+    int status = kWell;
+    const std::unique_ptr<Session> session = start(Options(), options.session, status);
+    if (session == nullptr) return status;
+    std::string text, problem;
+    if (writes) {
+        if (session->dataFromText(bytes, fs::absolute(file).string(), problem)) return kWell;
+        say(problem.empty() ? file + ": cannot be written" : source + ": " + problem);
+        return problem.empty() ? kNoOutput : kNoDrawing;
+    }
+    const bool whole = session->dataToText(bytes, text, problem);
+    write(text);
+    if (whole) return kWell;
+    say(file + ": " + problem + (text.empty() ? "" : "; the text is what could be read"));
+    return kNoDrawing;
 }
 
 int functions(const Options& options)

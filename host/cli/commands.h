@@ -9,6 +9,7 @@ namespace orvald::cli {
 int run(const Options& options);
 int eval(const Options& options);
 int draw(const Options& options);
+int data(const Options& options);
 int functions(const Options& options);
 
 /// One line on stderr.

@@ -28,6 +28,7 @@ constexpr std::array kRows = {
     Row{"--save", "-s", true, [](Options& o, const std::string& v) { o.save = v; }},
     Row{"--picture", "", true, [](Options& o, const std::string& v) { o.picture = v; }},
     Row{"--answers", "", true, [](Options& o, const std::string& v) { o.answers = v; }},
+    Row{"--from-text", "", true, [](Options& o, const std::string& v) { o.fromText = v; }},
     Row{"--trace", "", false, [](Options& o, const std::string&) { o.session.trace = true; }},
     Row{"--time", "", false, [](Options& o, const std::string&) { o.time = true; }},
     Row{"--json", "", false, [](Options& o, const std::string&) { o.json = true; }},
@@ -115,6 +116,8 @@ std::string_view helpText()
   orvald eval EXPR ...             print each value as LISP prints it
       -d, --drawing FILE.dxf       in this drawing
   orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
+  orvald data FILE.dex             print a data file as text that can be edited
+  orvald data --from-text TEXT FILE.dex    write a data file from such a text
   orvald functions [WORD] [--json] the kernel's LISP functions in table order:
                                    name, arguments, result, built or not
 
@@ -128,7 +131,7 @@ Common options, before or after the command:
   --version             -h, --help
 
 What the program prints goes to stdout, messages and alerts to stderr, all in UTF-8.
-Exit: 0 well; 2 the drawing could not be loaded; 3 a LISP error reached the top; 4 output not
+Exit: 0 well; 2 the drawing or data file could not be loaded; 3 a LISP error reached the top; 4 output not
 written; 5 input wanted; 6 a fault in a module; 64 usage; 66 file missing; 70 internal;
 130 interrupted.
 )";

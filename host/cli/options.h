@@ -31,7 +31,7 @@ struct Options
     std::string command;              // "run"
     std::vector<std::string> words;   // what follows it and is no option
     std::vector<std::string> program; // run: words behind "--"
-    std::string drawing, save, picture, answers;
+    std::string drawing, save, picture, answers, fromText;
     std::vector<std::string> expressions; // -e
     bool time = false, json = false, overlay = true;
     bool help = false, version = false;

@@ -206,6 +206,36 @@ std::vector<std::string> Session::modules() const
     return names;
 }
 
+namespace {
+
+/// What the first module exports under a name; null when none does.
+template <class Function>
+Function exported(Host& host, const char* name)
+{
+    for (const auto& application : host.linker().applications()) {
+        if (void* symbol = application->symbol(name)) return reinterpret_cast<Function>(symbol);
+    }
+    return nullptr;
+}
+
+constexpr const char* kNoDataModule = "no module that knows data files is loaded";
+
+} // namespace
+
+bool Session::dataToText(std::string_view bytes, std::string& text, std::string& problem)
+{
+    problem = kNoDataModule;
+    const auto convert = exported<HostDataToText>(state_->host, HOST_DATA_TO_TEXT);
+    return convert != nullptr && convert(bytes, text, problem);
+}
+
+bool Session::dataFromText(std::string_view text, const std::string& file, std::string& problem)
+{
+    problem = kNoDataModule;
+    const auto convert = exported<HostDataFromText>(state_->host, HOST_DATA_FROM_TEXT);
+    return convert != nullptr && convert(text, file, problem);
+}
+
 std::vector<FunctionLine> Session::functions() const
 {
     std::vector<FunctionLine> lines;

@@ -2,7 +2,7 @@
 // The binary form of a data item. Counts that come from a file are checked against the bytes that
 // are left before anything is made for them, and open lists and directories stand on a stack of our
 // own.
-#include "kexdata/bin_file.h"
+#include "bin_form.h"
 
 #include "kex/entity.h"
 #include "kexdata/list_builder.h"
@@ -43,7 +43,10 @@ constexpr char kIntegerKey = 'I';
 class Writer
 {
 public:
-    explicit Writer(const BinOptions& options) : options_(options) {}
+    explicit Writer(const BinOptions& options, const HandleTable* handles = nullptr)
+        : options_(options), handles_(handles)
+    {
+    }
 
     void node(const CKexDataItem& item)
     {
@@ -198,13 +201,14 @@ private:
             text(item.text());
         } else if (item.get(name)) {
             tag(kHandle);
-            text(entityHandle(name));
+            text(handles_ != nullptr ? handles_->at(name) : entityHandle(name));
         } else {
             tag(item.kind() == Kind::t ? kT : kNil);
         }
     }
 
     const BinOptions& options_;
+    const HandleTable* handles_; // null: of the current drawing
     std::string bytes_;
     std::vector<Children> open_;
 };
@@ -212,7 +216,7 @@ private:
 class Reader
 {
 public:
-    explicit Reader(std::string_view bytes) : rest_(bytes) {}
+    Reader(std::string_view bytes, HandleTable* handles) : rest_(bytes), handles_(handles) {}
 
     /// False when the bytes are not exactly one node.
     bool node(CKexDataItem& item) { return read(item) && drain() && rest_.empty(); }
@@ -379,13 +383,14 @@ private:
             return true;
         case kHandle:
             if (!text(words)) return false;
-            item = CKexDataItem(entityOfHandle(words));
+            item = CKexDataItem(handles_ != nullptr ? handles_->add(words) : entityOfHandle(words));
             return true;
         default: return false;
         }
     }
 
     std::string_view rest_;
+    HandleTable* handles_; // null: of the current drawing
     std::vector<OpenDirectory> open_;
 };
 
@@ -420,20 +425,42 @@ std::uint32_t binCheck(std::string_view bytes)
     return littleEndian(bytes.substr(bytes.size() - kCheckSize));
 }
 
+BinReading binRead(std::string_view bytes, HandleTable* handles)
+{
+    BinReading reading;
+    if (bytes.size() < kHeaderSize || !bytes.starts_with(kMagic)) {
+        reading.problem = "it is no data file";
+        return reading;
+    }
+    if (littleEndian(bytes.substr(4, 2)) != kVersion ||
+        littleEndian(bytes.substr(6, 2)) != kFlags) {
+        reading.problem = "it is of another version";
+        return reading;
+    }
+    const std::uint32_t size = littleEndian(bytes.substr(8, 4));
+    const std::string_view payload = bytes.substr(kHeaderSize, size);
+    const std::size_t behind = bytes.size() - kHeaderSize - payload.size();
+    if (behind < kCheckSize) reading.problem = "it is cut short";
+    else if (behind > kCheckSize) reading.problem = "bytes follow behind its end";
+    else if (binCheck(bytes) != crc32(payload)) reading.problem = "its check is wrong";
+    const bool whole = Reader(payload, handles).node(reading.item);
+    if (!whole && reading.problem == nullptr) reading.problem = "its content is damaged";
+    return reading;
+}
+
+std::string binWrite(const CKexDataItem& item, const HandleTable& handles)
+{
+    const BinOptions options;
+    Writer writer(options, &handles);
+    writer.node(item);
+    return std::move(writer).file();
+}
+
 std::optional<CKexDataItem> binDecode(std::string_view bytes)
 {
-    if (bytes.size() < kHeaderSize + kCheckSize || !bytes.starts_with(kMagic)) return std::nullopt;
-    const std::uint32_t size = littleEndian(bytes.substr(8, 4));
-    if (littleEndian(bytes.substr(4, 2)) != kVersion ||
-        littleEndian(bytes.substr(6, 2)) != kFlags ||
-        size != bytes.size() - kHeaderSize - kCheckSize) {
-        return std::nullopt;
-    }
-    const std::string_view payload = bytes.substr(kHeaderSize, size);
-    if (binCheck(bytes) != crc32(payload)) return std::nullopt;
-    CKexDataItem item;
-    if (!Reader(payload).node(item)) return std::nullopt;
-    return item;
+    BinReading reading = binRead(bytes, nullptr);
+    if (reading.problem != nullptr) return std::nullopt;
+    return std::move(reading.item);
 }
 
 } // namespace KEX

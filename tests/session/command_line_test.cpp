@@ -144,6 +144,34 @@ TEST_F(CommandLine, FunctionsListAsTextAndAsJson)
                         "\"result\": \"str or nil\", \"built\": true}\n]\n");
 }
 
+TEST_F(CommandLine, DataFilesBecomeTextAndComeBackToTheSameBytes)
+{
+    ASSERT_EQ(
+        orvald("eval '(kex_d_bwrite \"a.dex\" (list (cons \"Maß\" 2.0) (list 7 \"x\" 1)))'").out,
+        "T\n");
+    const Result text = orvald("data a.dex");
+    EXPECT_EQ(text.out, "{\n  \"Maß\" 2.0\n  7 (\"x\" 1)\n}\n");
+    EXPECT_EQ(text.status, 0);
+    write("a.txt", text.out);
+    EXPECT_EQ(orvald("data --from-text a.txt b.dex").status, 0);
+    EXPECT_EQ(kextest::readFile(file("b.dex")), kextest::readFile(file("a.dex")));
+
+    write("cut.dex", kextest::readFile(file("a.dex")).substr(0, 40));
+    const Result cut = orvald("data cut.dex");
+    EXPECT_EQ(cut.out, "{\n  \"Maß\" 2.0\n  7 nil\n}\n");
+    EXPECT_EQ(cut.err, "cut.dex: it is cut short; the text is what could be read\n");
+    EXPECT_EQ(cut.status, 2);
+    write("bad.txt", "{\n 1\n}");
+    const Result bad = orvald("data --from-text bad.txt b.dex");
+    EXPECT_EQ(bad.err, "bad.txt: line 3: a value is expected\n");
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_EQ(kextest::readFile(file("b.dex")), kextest::readFile(file("a.dex")));
+    EXPECT_EQ(orvald("data none.dex").status, 66);
+    EXPECT_EQ(orvald("data").status, 64);
+    EXPECT_EQ(orvald("data a.dex --no-kernel").status, 2);
+    EXPECT_EQ(orvald("data --from-text a.txt no/such/b.dex").status, 4);
+}
+
 TEST_F(CommandLine, TraceAndTimeShowTheCallsIntoTheKernel)
 {
     const Result run = orvald("run -e '(kex_str_len \"ab\")' --trace --time");

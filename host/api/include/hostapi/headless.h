@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // What the headless host offers in place of Windows: boxes on the console and a table of running
-// automation objects; and the description that a module may give of its LISP functions. Only code
-// that is built for the headless host alone may use the functions of this header.
+// automation objects; the description that a module may give of its LISP functions; and its data
+// files as text. Only code that is built for the headless host alone may use the functions of this
+// header.
 #pragma once
 
 #include "hostapi/resbuf.h"
+
+#include <string>
+#include <string_view>
 
 /// An object that other programs may call by method name.
 class HOST_API HostAutomationObject
@@ -42,3 +46,13 @@ struct HostFunctionText
 /// `code` and gives true, false when there is no such code.
 using HostDescribeFunction = bool (*)(int code, HostFunctionText* text);
 #define HOST_DESCRIBE_FUNCTION "hostDescribeFunction"
+
+/// A module may export functions of these types under the names below. The text of a data file's
+/// bytes, as far as they can be read; false, with the reason in `problem`, when they are damaged.
+using HostDataToText = bool (*)(std::string_view bytes, std::string& text, std::string& problem);
+#define HOST_DATA_TO_TEXT "hostDataToText"
+/// Writes the data file for a text. False when the text is none, with the reason in `problem`, and
+/// when the file cannot be written, with "".
+using HostDataFromText = bool (*)(std::string_view text, std::string_view file,
+                                  std::string& problem);
+#define HOST_DATA_FROM_TEXT "hostDataFromText"

@@ -106,6 +106,13 @@ public:
     /// LISP functions in table order, of all modules that describe theirs.
     std::vector<FunctionLine> functions() const;
 
+    /// The text of a data file's bytes, as the first module that can gives it. False, with the
+    /// reason, when they are damaged, and when no module can; the text is what could be read.
+    bool dataToText(std::string_view bytes, std::string& text, std::string& problem);
+    /// Writes the data file for a text. False when the text is none, with the reason, and when the
+    /// file cannot be written, with "".
+    bool dataFromText(std::string_view text, const std::string& file, std::string& problem);
+
     int alerts() const;
     MeterState meter() const;
     bool moduleFaulted() const;
