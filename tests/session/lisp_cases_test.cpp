@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The LISP cases of the kernel's functions, in a session with the module loaded, once for each form
-// in which a host may hand arguments over; and the examples of the README.
+// in which a host may hand arguments over; and the examples of the documents.
 #include "lsp_cases.h"
 #include "session_support.h"
 
@@ -75,21 +75,23 @@ INSTANTIATE_TEST_SUITE_P(Forms, LispCases,
                                          Form{"longIntegers", false, true}),
                          [](const auto& one) { return one.param.name; });
 
-TEST(Readme, SessionRunsAsPrinted)
+TEST(Documents, ExamplesRunAsPrinted)
 {
-    const std::string text = kextest::readFile(KEX_SOURCE_DIR "/README.md");
-    const std::string begin = "```lisp\n";
-    std::size_t blocks = 0;
-    Running running;
-    for (std::size_t at = text.find(begin); at != std::string::npos;
-         at = text.find(begin, at + 1)) {
-        const std::size_t start = at + begin.size();
-        const std::size_t end = text.find("```", start);
-        ASSERT_NE(end, std::string::npos);
-        runCases(running, "README.md", text.substr(start, end - start));
-        ++blocks;
+    for (const std::string name : {"README.md", "docs/data.md"}) {
+        const std::string text = kextest::readFile(KEX_SOURCE_DIR "/" + name);
+        const std::string begin = "```lisp\n";
+        std::size_t blocks = 0;
+        Running running;
+        for (std::size_t at = text.find(begin); at != std::string::npos;
+             at = text.find(begin, at + 1)) {
+            const std::size_t start = at + begin.size();
+            const std::size_t end = text.find("```", start);
+            ASSERT_NE(end, std::string::npos);
+            runCases(running, name, text.substr(start, end - start));
+            ++blocks;
+        }
+        EXPECT_GT(blocks, 0u) << name;
     }
-    EXPECT_GT(blocks, 0u);
 }
 
 } // namespace
