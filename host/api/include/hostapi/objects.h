@@ -6,6 +6,7 @@
 #pragma once
 
 #include "hostapi/database.h"
+#include "hostapi/geometry.h"
 #include "hostapi/resbuf.h"
 
 #include <memory>
@@ -100,6 +101,13 @@ public:
     /// Block record that the entity or its entity stands in.
     AcDbObjectId blockId() const;
     AcDbObjectId layerId() const;
+
+    /// World box of what is drawn: curves exactly, texts by an average width, inserts by their
+    /// content. eNullExtents when nothing of the entity has a place.
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
+    /// Maps the entity with its parts. eNotOpenForWrite; eCannotScaleNonUniformly when the image
+    /// would be no entity of its kind; eNotApplicable for kinds that the host does not know.
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& map);
 
 protected:
     friend class AcDbObjectAccess;

@@ -89,6 +89,8 @@ enum ErrorStatus : int
     eFileNotFound,
     eFileAccessErr,
     eNotApplicable,
+    eNullExtents,
+    eCannotScaleNonUniformly,
     eNotHandled
 };
 } // namespace Acad
