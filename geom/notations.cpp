@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Vertex lists from the notations that LISP programs use: vertices, points, points with bulges, an
 // entity.
-#include "entity_outline.h"
+#include "geom/curve_dif.h"
+#include "geom/entity_outline.h"
 #include "geom/vertex_lists_rows.h"
 #include "marshal/arg_reader.h"
 #include "marshal/ret_ads.h"
 
 namespace KEX {
 namespace {
-
-constexpr double kDif = 0.01; // largest distance of a curve from its arcs, drawing units
 
 /// (point bulge).
 bool readPointBulge(const resbuf*& rb, CKexPoint3d& point, double& bulge)
@@ -73,8 +72,7 @@ int vlOfNotation(const resbuf* args)
     const resbuf* const value = in.any();
     in.require(value != nullptr, 1);
     const bool close = in.flag();
-    const double dif = in.numberIfAny(3).value_or(kDif);
-    in.require(dif > 0.0, 3);
+    const double dif = curveDif(in, 3);
     if (in.failed()) return in.fail();
     auto [list, closingBulge] = readNotation(value, dif);
     if (list.isEmpty()) return retAds(false);

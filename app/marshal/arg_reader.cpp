@@ -268,13 +268,20 @@ CKexDataItem ArgReader::dataList(int position)
     return data(position);
 }
 
+CAdsName ArgReader::ename(int position)
+{
+    require(at_ != nullptr && at_->restype == RTENAME, position);
+    if (failed()) return CAdsName();
+    const CAdsName name(at_->resval.rlname);
+    at_ = at_->rbnext;
+    return name;
+}
+
 AcDbObjectId ArgReader::objectId(int position)
 {
     AcDbObjectId id;
-    require(at_ != nullptr && at_->restype == RTENAME, position);
-    if (failed()) return id;
-    acdbGetObjectId(id, at_->resval.rlname);
-    at_ = at_->rbnext;
+    const CAdsName name = ename(position);
+    if (!name.isNull()) acdbGetObjectId(id, name.asName());
     return id;
 }
 
@@ -282,6 +289,16 @@ CKexString ArgReader::path(int position)
 {
     CKexString path = string(position);
     return dos_name(path);
+}
+
+CKexEnameArray ArgReader::enames(int position)
+{
+    CKexEnameArray names;
+    const bool fits = at_ != nullptr &&
+                      (at_->restype == RTLB || at_->restype == RTPICKS || at_->restype == RTNIL);
+    require(fits, position);
+    if (!failed()) fromRb(names, at_);
+    return names;
 }
 
 bool ArgReader::absent()

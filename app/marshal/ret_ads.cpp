@@ -130,6 +130,7 @@ int retAds(const Line& line)
     return retList(RbBuilder().point(line.start).point(line.end).take());
 }
 
+int retAds(const Box& box) { return retAds(Line{box.min, box.max}); }
 int retAds(const Plane& plane) { return retAds(Line{plane.origin, CKexPoint3d() + plane.normal}); }
 
 int retAds(const FewPoints& points)

@@ -66,6 +66,8 @@ T read(ArgReader& in, int position)
     else if constexpr (std::is_same_v<T, Plane>) return in.plane(position);
     else if constexpr (std::is_same_v<T, CKexPoint3dArray>) return in.pointList(position);
     else if constexpr (std::is_same_v<T, CKexVertexArray>) return in.vertexList(position);
+    else if constexpr (std::is_same_v<T, CAdsName>) return in.ename(position);
+    else if constexpr (std::is_same_v<T, CKexEnameArray>) return in.enames(position);
     else if constexpr (kIsOptional<T>) {
         if (in.absent()) return T();
         return T(read<typename T::value_type>(in, position));
@@ -91,6 +93,7 @@ inline bool isFinite(const CKexVector3d& v)
 }
 inline bool isFinite(const CKexPoint3d& p) { return isFinite(p.asVector()); }
 inline bool isFinite(const Line& line) { return isFinite(line.start) && isFinite(line.end); }
+inline bool isFinite(const Box& box) { return isFinite(Line{box.min, box.max}); }
 inline bool isFinite(const Plane& plane)
 {
     return isFinite(plane.origin) && isFinite(plane.normal);

@@ -64,6 +64,10 @@ public:
     AcDbObjectId objectId(int position);
     /// The path of a file or folder in the form of dos_name.
     CKexString path(int position);
+    /// The name of a drawing object, which may be erased.
+    CAdsName ename(int position);
+    /// A list of such names or a selection set; nil is the empty list.
+    CKexEnameArray enames(int position);
 
     // -- optional arguments: missing or nil is nothing, another type is an error
     std::optional<CKexString> stringIfAny(int position)

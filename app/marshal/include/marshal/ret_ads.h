@@ -42,6 +42,8 @@ int retAds(const CKexVector3d& vector);
 int retAds(const double (&values)[4]);
 /// `type` is RTENAME or RTPICKS; a null name is nil.
 int retAds(const CAdsName& name, short type);
+/// The name of an object.
+inline int retAds(const CAdsName& name) { return retAds(name, RTENAME); }
 /// A null id is nil.
 int retAds(AcDbObjectId id);
 int retAds(const AcArray<AcDbObjectId>& ids);
@@ -49,6 +51,8 @@ int retAds(const CKexEnameArray& names);
 int retAds(const CKexVertex& vertex);
 int retAds(const CKexMatrix3d& matrix);
 int retAds(const Line& line);
+/// (min max).
+int retAds(const Box& box);
 int retAds(const Plane& plane);
 int retAds(const FewPoints& points);
 /// The values up to the first that is not finite; nil when the first is not.

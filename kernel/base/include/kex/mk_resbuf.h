@@ -9,6 +9,7 @@
 //   map to text       (("key" . "value") ...), map to texts (("key" "a" "b") ...), in key order
 #pragma once
 
+#include "kex/box.h"
 #include "kex/line.h"
 #include "kex/map.h"
 #include "kex/plane.h"
@@ -32,6 +33,10 @@ inline void rbPut(RbBuilder& to, const CAdsName& value) { to.name(value); }
 inline void rbPut(RbBuilder& to, const Line& value)
 {
     to.begin().point(value.start).point(value.end).end();
+}
+inline void rbPut(RbBuilder& to, const Box& value)
+{
+    to.begin().point(value.min).point(value.max).end();
 }
 inline void rbPut(RbBuilder& to, const Plane& value)
 {

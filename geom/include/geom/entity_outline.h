@@ -14,9 +14,9 @@ namespace KEX {
 ///
 /// Exact, except that ellipses and splines become arcs within `dif` (drawing units, above 0).
 /// Coordinates: the world for an entity whose normal is Z or -Z, bulges turned round for -Z; any
-/// other plane entity stays in its own system (arbitrary axis, elevation as Z). A circle is two
-/// half circles from the X axis on. A spline that does not run parallel to XY is given straight,
-/// its points within `dif`.
+/// other plane entity stays in its own plane (arbitrary axes, origin at its elevation:
+/// EntityPlane). A circle is two half circles from the X axis on. A spline that does not run
+/// parallel to XY is given straight, its points within `dif`.
 std::optional<CKexVertexArray> entityOutline(const CAdsName& entity, double dif);
 
 } // namespace KEX
