@@ -84,14 +84,11 @@ Acad::ErrorStatus Database::wblockCloneObjects(const AcDbObjectIdArray& objects,
     std::vector<Index> places;
     Index below = kNone;
     Acad::ErrorStatus status = gather(*from, objects, drawing_, owner, taken, places, below);
-    for (const Index object : places) {
-        if (status != Acad::eOk) return status;
-        const Index replaced = replacedBy(*from, object, drawing_, below, taken);
-        if (replaced != kNone)
-            status =
-                Host::instance().openObjects().whyNotWritable(outerId(drawing_.idOf(replaced)));
-    }
     if (status != Acad::eOk) return status;
+    for (const Index replaced : replacedBy(*from, places, drawing_, below, taken)) {
+        status = Host::instance().openObjects().whyNotWritable(outerId(drawing_.idOf(replaced)));
+        if (status != Acad::eOk) return status;
+    }
     const std::string name = std::filesystem::path(source->path()).stem().string();
     fill(map, *from, drawing_, copyBetween(*from, places, drawing_, below, taken, name));
     return Acad::eOk;

@@ -22,12 +22,19 @@ Reference referenceOf(int code)
     return Reference::none;
 }
 
-std::string keyOf(const Drawing& drawing, Index object)
+std::string Keys::of(Index object)
 {
-    const Dictionary* owner = drawing.dictionary(drawing.byHandle(drawing.at(object).owner));
-    const Dictionary::Entry* entry =
-        owner == nullptr ? nullptr : owner->find(drawing.at(object).handle);
-    return entry == nullptr ? "*" : entry->key;
+    const Index owner = drawing_.byHandle(drawing_.at(object).owner);
+    const Dictionary* dictionary = drawing_.dictionary(owner);
+    if (dictionary == nullptr) return "*";
+    if (owner != owner_) {
+        owner_ = owner;
+        keys_.clear();
+        for (const Dictionary::Entry& entry : dictionary->entries())
+            keys_.emplace(entry.object, entry.key);
+    }
+    const auto found = keys_.find(drawing_.at(object).handle);
+    return found == keys_.end() ? "*" : found->second;
 }
 
 bool mayCopyBelow(const Drawing& from, Index object, const Drawing& to, Index owner, Taken taken)
@@ -74,7 +81,7 @@ void dropUses(TagList& tags)
 } // namespace
 
 Copier::Copier(const Drawing& from, Drawing& to, std::span<const Index> objects)
-    : from_(from), to_(to), listed_(objects.begin(), objects.end())
+    : from_(from), to_(to), keys_(from), listed_(objects.begin(), objects.end())
 {
     const auto isBelow = [this](Index object) {
         constexpr int kMostOwners = 1000; // more run in a circle
@@ -313,7 +320,7 @@ private:
     void hang(Index old, Index made, Index owner)
     {
         if (to_.at(made).isEntity()) return hangEntity(owner, made);
-        const std::string key = keyOf(to_, old);
+        const std::string key = keys_.of(old);
         if (!to_.addToDictionary(owner, key, made)) to_.addToDictionary(owner, "*", made);
     }
 

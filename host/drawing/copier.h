@@ -11,8 +11,20 @@
 
 namespace orvald::drawing {
 
-/// Key of an object in the dictionary that owns it, "*" when it has none.
-std::string keyOf(const Drawing& drawing, Index object);
+/// Keys of objects in the dictionaries that own them; quick for many of one dictionary, which must
+/// not change meanwhile but by additions.
+class Keys
+{
+public:
+    explicit Keys(const Drawing& drawing) : drawing_(drawing) {}
+    /// "*" when it has none.
+    std::string of(Index object);
+
+private:
+    const Drawing& drawing_;
+    Index owner_ = kNone; // whose entries are held
+    std::unordered_map<Handle, std::string> keys_;
+};
 
 class Copier
 {
@@ -49,6 +61,7 @@ protected:
 
     const Drawing& from_;
     Drawing& to_;
+    Keys keys_;
     std::unordered_set<Index> listed_;
     /// New names of records that are called otherwise where they went, by table and old key.
     std::map<std::pair<TableId, std::string>, std::string> names_;

@@ -81,7 +81,7 @@ public:
             const Record& record = from_.at(object);
             if (record.isEntity()) entities_.push_back({owner, copyRecord(object)});
             else if (record.family() == Family::tableRecord) bringTableRecord(object);
-            else enter(owner, keyOf(from_, object), object, taken_);
+            else enter(owner, keys_.of(object), object, taken_);
         }
         do copyOwned();
         while (bringNext());
@@ -338,7 +338,7 @@ private:
             if (last) merge(old, made);
             return made;
         }
-        const std::string key = keyOf(from_, old);
+        const std::string key = keys_.of(old);
         if (to_.dictionary(at) == nullptr || key == "*") return kNone;
         if (last) return enter(at, key, old, Taken::asFlagged);
         const Index there = to_.dictionaryEntry(at, key);
@@ -410,11 +410,18 @@ std::vector<Copied> copyBetween(const Drawing& from, std::span<const Index> obje
     return CopierBetween(from, to, objects, taken, drawingName).run(owner);
 }
 
-Index replacedBy(const Drawing& from, Index object, const Drawing& to, Index owner, Taken taken)
+std::vector<Index> replacedBy(const Drawing& from, std::span<const Index> objects,
+                              const Drawing& to, Index owner, Taken taken)
 {
-    const std::string key = keyOf(from, object);
-    if (taken == Taken::asFlagged) taken = flagged(from, object);
-    return taken == Taken::replaced ? to.dictionaryEntry(owner, key) : kNone;
+    std::vector<Index> replaced;
+    Keys keys(from);
+    for (const Index object : objects) {
+        const Taken how = taken == Taken::asFlagged ? flagged(from, object) : taken;
+        const Index there =
+            how == Taken::replaced ? to.dictionaryEntry(owner, keys.of(object)) : kNone;
+        if (there != kNone) replaced.push_back(there);
+    }
+    return replaced;
 }
 
 } // namespace orvald::drawing

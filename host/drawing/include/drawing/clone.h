@@ -65,8 +65,9 @@ std::vector<Copied> copyWithin(Drawing& drawing, std::span<const Index> objects,
 /// names never. `drawingName`: for Taken::mangledWithDrawing.
 std::vector<Copied> copyBetween(const Drawing& from, std::span<const Index> objects, Drawing& to,
                                 Index owner, Taken taken, std::string_view drawingName);
-/// The entry that a copy of `object` below `owner` would replace; kNone when there is none.
-Index replacedBy(const Drawing& from, Index object, const Drawing& to, Index owner, Taken taken);
+/// The entries of a dictionary `owner` that such copies would replace.
+std::vector<Index> replacedBy(const Drawing& from, std::span<const Index> objects,
+                              const Drawing& to, Index owner, Taken taken);
 
 /// Copies an object of another drawing with all that it owns and hangs it nowhere. `known` holds
 /// places there and what stands for them here, and grows by the copies. References to others
