@@ -84,7 +84,6 @@ Copier::Copier(const Drawing& from, Drawing& to, std::span<const Index> objects)
     : from_(from), to_(to), keys_(from), listed_(objects.begin(), objects.end())
 {
     const auto isBelow = [this](Index object) {
-        constexpr int kMostOwners = 1000; // more run in a circle
         for (int step = 0; step < kMostOwners; ++step) {
             object = from_.byHandle(from_.at(object).owner);
             if (object == kNone) return false;

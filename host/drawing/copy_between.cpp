@@ -11,8 +11,7 @@
 namespace orvald::drawing {
 namespace {
 
-constexpr std::size_t kMostOwners = 1000; // above an object; more run in a circle
-constexpr int kFirstClass = 500;          // number of the first row of CLASSES in proxies
+constexpr int kFirstClass = 500; // number of the first row of CLASSES in proxies
 
 Taken flag(std::int64_t number)
 {
@@ -46,6 +45,15 @@ std::string_view unmangled(std::string_view name)
     return mangled ? name.substr(digits + 1) : name;
 }
 
+/// A drawing's name so that it may stand in names of records.
+std::string asName(std::string_view drawing)
+{
+    std::string name = fileForm(drawing);
+    for (char& c : name)
+        if (static_cast<unsigned char>(c) < 0x80 && !isSymbolName({&c, 1})) c = '_';
+    return name;
+}
+
 bool isMangling(Taken taken)
 {
     return taken == Taken::mangled || taken == Taken::mangledWithDrawing;
@@ -69,7 +77,7 @@ public:
                   std::string_view drawingName)
         : Copier(from, to, objects),
           taken_(taken),
-          drawingName_(drawingName),
+          drawingName_(asName(drawingName)),
           firstNew_(to.recordCount())
     {
     }
@@ -139,7 +147,10 @@ private:
                 keep(old, to_.tableHead(table));
             break;
         case Family::entity: wantEntity(old); break;
-        case Family::object: wanted_.push_back({old, false}); break;
+        case Family::object:
+            if (old == from_.rootDictionary()) keep(old, to_.rootDictionary());
+            else wanted_.push_back({old, false});
+            break;
         }
     }
 
@@ -237,7 +248,10 @@ private:
         if (taken == Taken::asFlagged) taken = flagged(from_, old);
         if (taken == Taken::unmangled) key = unmangled(key);
         const Index there = to_.dictionaryEntry(dictionary, key);
-        if (there == kNone && from_.at(old).kind() == Kind::layout) return kNone;
+        if (from_.at(old).kind() == Kind::layout) { // belongs to its space
+            if (there != kNone) keep(old, there);
+            return there;
+        }
         if (there != kNone) {
             if (key.starts_with("*")) {
                 key = "*";
@@ -309,7 +323,7 @@ private:
         Index at = kNone;
         while (at == kNone) {
             const Index owner = from_.byHandle(from_.at(way.back()).owner);
-            if (owner == kNone || way.size() > kMostOwners) return;
+            if (owner == kNone || way.size() > std::size_t{kMostOwners}) return;
             if (owner == from_.rootDictionary()) {
                 at = to_.rootDictionary();
                 if (at == kNone) return;
@@ -394,7 +408,7 @@ private:
     }
 
     const Taken taken_;
-    const std::string drawingName_;
+    const std::string drawingName_; // file form
     Index owner_ = kNone;
     std::vector<Wanted> wanted_; // the last one is next
     std::vector<Merge> merges_;

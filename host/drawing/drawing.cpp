@@ -19,9 +19,6 @@ std::vector<Drawing*>& openDrawings()
 }
 std::uint16_t lastSerial = 0;
 
-// Owners above an object, at most: beyond that the owners run in a circle.
-constexpr int kMostOwners = 1000;
-
 constexpr std::size_t kHeapHead = 16; // what the allocator adds to a block, about
 
 /// Takes a dictionary away as owner and persistent reactor.

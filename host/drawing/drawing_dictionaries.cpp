@@ -82,7 +82,6 @@ bool Drawing::releaseExtensionDictionary(Index object)
 
 bool Drawing::standsIn(Index index, Index above) const
 {
-    constexpr int kMostOwners = 1000; // more run in a circle
     for (int step = 0; index != kNone && step < kMostOwners; ++step) {
         if (index == above) return true;
         index = byHandle(at(index).owner);

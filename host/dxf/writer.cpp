@@ -17,7 +17,6 @@ using namespace drawing;
 namespace {
 
 constexpr std::size_t kPiece = std::size_t{1} << 18; // bytes handed to the sink at a time
-constexpr int kMostOwners = 1000;                    // above an object; more run in a circle
 
 /// The line of a group code, made once for all codes.
 struct CodeLine

@@ -292,6 +292,8 @@ TEST_F(Cloning, WhatAnEntityUsesIsMadeInTheOtherDrawing)
         tags.addHandle(330, left.handle());
         tags.addHandle(331, beside.handle());
         tags.addHandle(332, pulled.handle());
+        tags.addHandle(345, from.root().handle());
+        tags.addHandle(346, from.at(from.at(from.root(), "ACAD_LAYOUT"), "Layout1").handle());
     }
 
     ASSERT_EQ(between(to, {insert}, to.model()), Acad::eOk);
@@ -317,6 +319,8 @@ TEST_F(Cloning, WhatAnEntityUsesIsMadeInTheOtherDrawing)
     EXPECT_EQ(to.named(copy, 343), to.tableRecord(TableId::style, "ISO"));
     EXPECT_EQ(to.named(copy, 344), to.model());
     EXPECT_EQ(to.named(copy, 332), copyOf(pulled));
+    EXPECT_EQ(to.named(copy, 345), to.root());
+    EXPECT_EQ(to.named(copy, 346), to.at(to.at(to.root(), "ACAD_LAYOUT"), "Layout1"));
     for (const int code : {330, 331}) EXPECT_EQ(to.record(copy).tags.handle(code, 7), 0u) << code;
     EXPECT_EQ(to.at(to.at(to.at(to.root(), "FIRST"), "Second"), "beside"), AcDbObjectId());
     expectWhole(to);
@@ -342,13 +346,13 @@ TEST_F(Cloning, ModesDecideAboutNamesThatAreTaken)
         {AcDb::kDrcNotApplicable, "Key", "Wand", false, true, 1},
         {AcDb::kDrcReplace, "Key", "Wand", true, false, 5},
         {AcDb::kDrcMangleName, "$1$Key", "$0$Wand", true, true, 1},
-        {AcDb::kDrcXrefMangleName, "plan$0$Key", "plan$0$Wand", true, true, 1},
+        {AcDb::kDrcXrefMangleName, "pl_n$0$Key", "pl_n$0$Wand", true, true, 1},
         {AcDb::kDrcUnmangleName, "Key", "Wand", false, true, 1}};
     dxf::TemporaryFolder folder;
     for (const Case& one : kCases) {
         SCOPED_TRACE(one.cloning);
         Sheet from(host_), to(host_);
-        ASSERT_EQ(from.document.save(folder.file("plan.dxf")), "");
+        ASSERT_EQ(from.document.save(folder.file("pl=n.dxf")), "");
         from.make("0 LAYER|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Wand|70 0|62 5");
         to.make("0 LAYER|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 WAND|70 0|62 1");
         const AcDbObjectId line = from.make("0 LINE|8 Wand|10 0 0 0|11 1 0 0");

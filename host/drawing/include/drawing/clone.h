@@ -56,8 +56,8 @@ std::vector<Copied> copyWithin(Drawing& drawing, std::span<const Index> objects,
 /// ones only when they are in the list as well) and what they point to hard. What they point to
 /// goes to its own place: a record into its table, an object below the dictionaries of the same
 /// keys, an entity into the space or block of the same name. The same holds for the records that
-/// are used by name, and for the classes of custom objects. References to what did not come along
-/// become 0.
+/// are used by name, and for the classes of custom objects, which stay when the copy is taken back.
+/// References to what did not come along become 0.
 ///
 /// `taken` decides about names of listed objects and of table records; for what comes along below
 /// dictionaries it is Taken::asFlagged. A dictionary that is kept takes in the entries that it

@@ -41,6 +41,9 @@ Kind recordKind(TableId table);
 /// Subclass marker of the records of a table.
 std::string_view recordMarker(TableId table);
 
+/// Owners above an object, at most: in a file they may run in a circle.
+inline constexpr int kMostOwners = 1000;
+
 /// A section that is kept as text, line by line, without its SECTION and ENDSEC.
 struct RawSection
 {
