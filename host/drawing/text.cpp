@@ -90,12 +90,29 @@ bool isPlain(std::string_view s)
     return std::none_of(s.begin(), s.end(), [](char c) { return c == '^' || c == '\\'; });
 }
 
+/// Moves the units at the front that are the same in both forms from `text` to `out`: most texts
+/// have no others.
+template <class View, class Out>
+void movePlain(View& text, Out& out)
+{
+    const auto plain = [](auto unit) {
+        return unit >= 0x20 && unit < 0x7F && unit != '^' && unit != '\\';
+    };
+    const auto end = std::find_if_not(text.begin(), text.end(), plain);
+    const auto count = static_cast<std::size_t>(end - text.begin());
+    out.resize(count);
+    std::transform(text.begin(), end, out.begin(),
+                   [](auto unit) { return static_cast<typename Out::value_type>(unit); });
+    text.remove_prefix(count);
+}
+
 } // namespace
 
 std::string fileForm(std::u16string_view text)
 {
     std::string out;
     out.reserve(text.size());
+    movePlain(text, out);
     for (std::size_t at = 0; at < text.size();) {
         const char32_t code = text::decodeUtf16(text, at);
         appendFileForm(out, code, text.substr(at));
@@ -118,6 +135,7 @@ std::u16string text16(std::string_view s)
 {
     std::u16string out;
     out.reserve(s.size());
+    movePlain(s, out);
     decode(s, [&out](char32_t code) { text::appendUtf16(out, code); });
     return out;
 }

@@ -5,9 +5,11 @@
 #include "node_pool.h"
 #include "resbuf/groups.h"
 
+#include <array>
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -45,16 +47,26 @@ constexpr CodeRange kRanges[] = {
     {1071, 1071, GroupKind::int32},
 };
 
+constexpr int kFirstCode = std::begin(kRanges)->first;
+constexpr int kLastCode = std::rbegin(kRanges)->last;
+
+/// The kind of every code from the first to the last one.
+constexpr auto kKinds = [] {
+    std::array<GroupKind, kLastCode - kFirstCode + 1> kinds{};
+    for (const CodeRange& range : kRanges)
+        for (int code = range.first; code <= range.last; ++code)
+            kinds[static_cast<std::size_t>(code - kFirstCode)] = range.kind;
+    return kinds;
+}();
+
 resbuf* protectedChain = nullptr;
 
 } // namespace
 
 GroupKind groupKind(int code)
 {
-    for (const CodeRange& range : kRanges) {
-        if (code <= range.last) return code >= range.first ? range.kind : GroupKind::none;
-    }
-    return GroupKind::none;
+    if (code < kFirstCode || code > kLastCode) return GroupKind::none;
+    return kKinds[static_cast<std::size_t>(code - kFirstCode)];
 }
 
 GroupKind nodeKind(int restype)

@@ -48,6 +48,8 @@ enum Mark : short
 
 // ---- writing
 
+constexpr int kMostPerUnit = 7; // "\U+XXXX"
+
 /// Characters that the unit at the front of `rest` takes in a file.
 int written(TextView rest)
 {
@@ -55,12 +57,13 @@ int written(TextView rest)
     if (unit < 0x20 || unit == '^') return 2;
     const bool form = unit == '\\' && rest.size() > 2 && rest[2] == '+' &&
                       (rest[1] == 'U' || rest[1] == 'u' || rest[1] == 'M' || rest[1] == 'm');
-    return unit > 0x7E || form ? 7 : 1;
+    return unit > 0x7E || form ? kMostPerUnit : 1;
 }
 
 /// Units of the first piece of a text; all of them when it needs no cut.
 std::size_t pieceLength(TextView text)
 {
+    if (text.size() * kMostPerUnit <= kMostWritten) return text.size();
     std::size_t units = 0;
     for (int length = 0; units < text.size(); ++units) {
         length += written(text.substr(units));

@@ -5,10 +5,11 @@
 #include "hostapi/resbuf.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace orvald {
 
-enum class GroupKind
+enum class GroupKind : std::uint8_t
 {
     none,   // no value: list marks and codes that do not exist
     text,   // rstring
