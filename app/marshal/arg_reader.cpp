@@ -51,18 +51,41 @@ bool readPoint(const resbuf*& rb, CKexPoint3d& point)
     return true;
 }
 
-bool readVertex(const resbuf*& rb, CKexVertex& vertex)
+namespace {
+
+/// A vertex and the node of its data, null for none and for nil.
+bool readSegment(const resbuf*& rb, CKexVertex& vertex, const resbuf*& data)
 {
     if (rb == nullptr || rb->restype != RTLB) return false;
     const resbuf* node = rb->rbnext;
     CKexPoint3d start, end;
     double bulge = 0.0;
+    data = nullptr;
     if (!readPoint(node, start) || !readPoint(node, end)) return false;
     if (node != nullptr && node->restype != RTLE && !readNumber(node, bulge)) return false;
-    if (node != nullptr && node->restype != RTLE) node = rbSkip(node);
+    if (node != nullptr && node->restype != RTLE) {
+        if (node->restype != RTNIL) data = node;
+        node = rbSkip(node);
+    }
     if (node == nullptr || node->restype != RTLE) return false;
     vertex = CKexVertex(start, end, bulge);
     rb = node->rbnext;
+    return true;
+}
+
+} // namespace
+
+bool readVertex(const resbuf*& rb, CKexVertex& vertex)
+{
+    const resbuf* data = nullptr;
+    return readSegment(rb, vertex, data);
+}
+
+bool readVertexEx(const resbuf*& rb, VertexEx& vertex)
+{
+    const resbuf* data = nullptr;
+    if (!readSegment(rb, vertex.vertex, data)) return false;
+    vertex.data = data == nullptr ? CSmartResbuf() : RbBuilder().copyValue(data).take();
     return true;
 }
 
@@ -145,6 +168,12 @@ bool readKey(const resbuf*& rb, CKexDataKey& key) { return dataKeyFromRb(key, rb
 bool readVertexList(const resbuf*& rb, CKexVertexArray& list)
 {
     return readList(rb, readVertex, list);
+}
+
+bool readVertexListEx(const resbuf*& rb, CKexVertexArrayEx& list)
+{
+    list.clear();
+    return readList(rb, readVertexEx, list);
 }
 
 bool readPointList(const resbuf*& rb, CKexPoint3dArray& list)
@@ -230,6 +259,34 @@ CKexPoint3dArray ArgReader::pointList(int position)
 {
     CKexPoint3dArray value;
     if (!failed()) require(readPointList(at_, value), position);
+    return value;
+}
+
+CKexVertex ArgReader::vertex(int position)
+{
+    CKexVertex value;
+    if (!failed()) require(readVertex(at_, value), position);
+    return value;
+}
+
+CKexVertexArrayEx ArgReader::vertexListEx(int position)
+{
+    CKexVertexArrayEx value;
+    if (!failed()) require(readVertexListEx(at_, value), position);
+    return value;
+}
+
+CKexArrayTempl<CKexVertexArrayEx> ArgReader::vertexListsEx(int position)
+{
+    CKexArrayTempl<CKexVertexArrayEx> value;
+    if (!failed()) require(readList(at_, readVertexListEx, value), position);
+    return value;
+}
+
+CKexArrayTempl<double> ArgReader::numberListIfAny(int position)
+{
+    CKexArrayTempl<double> value;
+    if (!absent()) require(readNumberList(at_, value), position);
     return value;
 }
 

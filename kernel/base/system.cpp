@@ -104,6 +104,22 @@ int sysVarInt(const ACHAR* name, int missing)
     return variable.type() == RTLONG ? variable.value().rlong : missing;
 }
 
+std::optional<double> sysVarReal(const ACHAR* name)
+{
+    const SystemVariable variable(name);
+    if (variable.type() != RTREAL) return std::nullopt;
+    return variable.value().rreal;
+}
+
+std::optional<CKexPoint3d> sysVarPoint(const ACHAR* name)
+{
+    const SystemVariable variable(name);
+    const double* xyz = variable.value().rpoint;
+    if (variable.type() == RT3DPOINT) return CKexPoint3d(xyz);
+    if (variable.type() == RTPOINT) return CKexPoint3d(xyz[0], xyz[1]);
+    return std::nullopt;
+}
+
 int acadver()
 {
     const CKexString text = sysVarText(KT("ACADVER"));

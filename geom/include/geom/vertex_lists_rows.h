@@ -6,7 +6,7 @@
 
 namespace KEX {
 
-LispFn vlOfNotation;
+LispFn vlOfNotation, xvx, xvl, xvll;
 
 inline constexpr LispRow kVertexListsRows[] = {
     {KT("kex_g_vll_acad_region"), notBuilt, KT("vll"), KT("list of en or nil")},
@@ -24,9 +24,9 @@ inline constexpr LispRow kVertexListsRows[] = {
     {KT("kex_g_vll_split_dif"), notBuilt, KT("vll, num dif"), KT("vll")},
     {KT("kex_g_vll_trans"), notBuilt, KT("vll, from, to"), KT("vll or nil")},
     {KT("kex_g_vll_union"), notBuilt, KT("vll"), KT("regl or nil")},
-    {KT("kex_g_xvx"), notBuilt, KT("vx, any data"), KT("xvx")},
-    {KT("kex_g_xvl"), notBuilt, KT("vl, list of data"), KT("xvl")},
-    {KT("kex_g_xvll"), notBuilt, KT("vll, list of lists of data"), KT("list of xvl")},
+    {KT("kex_g_xvx"), xvx, KT("vx, any data"), KT("xvx")},
+    {KT("kex_g_xvl"), xvl, KT("vl, list of data"), KT("xvl")},
+    {KT("kex_g_xvll"), xvll, KT("vll, list of lists of data"), KT("list of xvl")},
     {KT("kex_g_gvx"), notBuilt, KT("vx in any notation, [num dif = 0.01]"), KT("vx or nil")},
     {KT("kex_g_gvl"), vlOfNotation, KT("vl in any notation, [T closed], [num dif = 0.01]"),
      KT("vl or nil")},

@@ -5,10 +5,10 @@
 //
 //     {KT("kex_g_bulg_ang"), adapt<g_bulg_ang>, KT("num b"), KT("real")},
 //
-// A parameter of type bool is a flag that may be missing; a std::optional is an argument that may
-// be missing or nil. What LISP need not give, or cannot, stands behind the primitive, for its last
-// parameters, as functions: one of an ArgReader and a position reads an argument, one without
-// parameters gives a value of its own:
+// A parameter of type bool is a flag that may be missing; a std::optional and a list of numbers are
+// arguments that may be missing or nil. What LISP need not give, or cannot, stands behind the
+// primitive, for its last parameters, as functions: one of an ArgReader and a position reads an
+// argument, one without parameters gives a value of its own:
 //
 //     {KT("kex_g_equal"), adapt<g_equal, orElse<lengthTolerance>>, ...},  optional, else _RNDL
 //     {KT("kex_g_side"), adapt<g_side, lengthTolerance>, ...},            always _RNDL
@@ -65,6 +65,8 @@ T read(ArgReader& in, int position)
     else if constexpr (std::is_same_v<T, CKexMatrix3d>) return in.matrix(position);
     else if constexpr (std::is_same_v<T, Plane>) return in.plane(position);
     else if constexpr (std::is_same_v<T, CKexPoint3dArray>) return in.pointList(position);
+    else if constexpr (std::is_same_v<T, CKexArrayTempl<double>>)
+        return in.numberListIfAny(position);
     else if constexpr (std::is_same_v<T, CKexVertexArray>) return in.vertexList(position);
     else if constexpr (std::is_same_v<T, CAdsName>) return in.ename(position);
     else if constexpr (std::is_same_v<T, CKexEnameArray>) return in.enames(position);

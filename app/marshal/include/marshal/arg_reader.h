@@ -18,7 +18,7 @@
 #include "kex/matrix.h"
 #include "kex/plane.h"
 #include "kex/string.h"
-#include "kex/vertex.h"
+#include "kex/vertex_ex.h"
 #include "kexdata/data_item.h"
 
 #include <optional>
@@ -40,9 +40,14 @@ public:
     double number(int position);
     /// A point node, or a list of two or three numbers; a missing Z is 0.0.
     CKexPoint3d point(int position);
+    /// A plain or extended vertex; its data is passed over.
+    CKexVertex vertex(int position);
     /// A plain or extended vertex list; the data of extended vertices is passed over. nil is the
     /// empty list.
     CKexVertexArray vertexList(int position);
+    /// The same with the data; and a list of such lists, nil again the empty one.
+    CKexVertexArrayEx vertexListEx(int position);
+    CKexArrayTempl<CKexVertexArrayEx> vertexListsEx(int position);
     /// The same form as a point.
     CKexVector3d vector(int position);
     /// Four rows of four numbers, the last 0 0 0 1.
@@ -51,6 +56,8 @@ public:
     Plane plane(int position);
     /// A list of nothing but points; nil is the empty list.
     CKexPoint3dArray pointList(int position);
+    /// A list of nothing but numbers; none when it is missing or nil.
+    CKexArrayTempl<double> numberListIfAny(int position);
     /// A list of nothing but strings; nil is the empty list.
     CKexArrayTempl<CKexString> stringList(int position);
 
@@ -134,6 +141,9 @@ bool readPlane(const resbuf*& rb, Plane& plane);
 bool readPointList(const resbuf*& rb, CKexPoint3dArray& list);
 /// Numbers, also two or three reals that the host delivers as a point.
 bool readNumberList(const resbuf*& rb, CKexArrayTempl<double>& list);
+/// The same with the data, which it does without when it is nil.
+bool readVertexEx(const resbuf*& rb, VertexEx& vertex);
+bool readVertexListEx(const resbuf*& rb, CKexVertexArrayEx& list);
 bool readVertexList(const resbuf*& rb, CKexVertexArray& list);
 bool readStringList(const resbuf*& rb, CKexArrayTempl<CKexString>& list);
 bool readKeyList(const resbuf*& rb, CKexArrayTempl<CKexDataKey>& list);

@@ -4,11 +4,9 @@
 
 #include "kex/direction.h"
 #include "kex/matrix.h"
+#include "kex/vector.h"
 
 namespace KEX {
-
-/// Length below which a vector has no direction to be scaled to; no drawing has such a length.
-inline constexpr double kNullLength = 1e-12;
 
 /// One coordinate changed, the others untouched: X negated, Y negated, Z set to 0.
 inline CKexPoint3d g_p_mrx(const CKexPoint3d& p) { return {-p.x, p.y, p.z}; }

@@ -2,7 +2,10 @@
 // Environment variables, the registry of user settings, and what the host says about itself.
 #pragma once
 
+#include "kex/point.h"
 #include "kex/string.h"
+
+#include <optional>
 
 namespace KEX {
 
@@ -27,6 +30,11 @@ KEX_BASE_API bool regSet(TextView key, TextView name, TextView value);
 KEX_BASE_API CKexString sysVarText(const ACHAR* name);
 /// A system variable as integer; `missing` when it is unknown or none.
 KEX_BASE_API int sysVarInt(const ACHAR* name, int missing);
+/// A system variable as real; nothing when it is unknown or none.
+KEX_BASE_API std::optional<double> sysVarReal(const ACHAR* name);
+/// A system variable as point, Z 0.0 when it has two coordinates; nothing when it is unknown or
+/// none.
+KEX_BASE_API std::optional<CKexPoint3d> sysVarPoint(const ACHAR* name);
 
 /// Release of the host: high byte and low byte of the number that ACADVER begins with, "20.0s"
 /// gives 0x1400. 0 when the host does not say.
