@@ -4,6 +4,7 @@
 #include "hostapi/entity.h"
 #include "kexdata/data_compare.h"
 #include "kexdata/data_dir.h"
+#include "kexobj/data_cache.h"
 #include "kexobj/dictionaries.h"
 #include "kexobj/open_object.h"
 #include "kexobj/xrecords.h"
@@ -92,8 +93,18 @@ bool objectDataSet(AcDbObject& object, const CKexDataKey& key, CKexDataItem valu
     return item->put(key, std::move(value)) && xrSet(object, item.get());
 }
 
+bool cachedDataSet(AcDbObjectId id, const CKexDataKey& key, CKexDataItem value)
+{
+    const std::shared_ptr<CKexDataItem> item = xd_init(id, true);
+    if (item == nullptr) return false;
+    if (!value.isNil()) return item->put(key, std::move(value));
+    item->remove(key);
+    return true;
+}
+
 bool objectDataRemove(AcDbObjectId id, bool all)
 {
+    xd_flush(id); // what waits in the cache would come back
     const OpenObject<AcDbObject> object(id, AcDb::kForWrite);
     if (!object) return false;
     bool any = xrGet(*object) != nullptr && xrSet(*object, nullptr);

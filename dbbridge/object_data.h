@@ -15,8 +15,12 @@ class ArgReader;
 /// last key goes whole. False, and no change, where xrSet fails and when a value stands on the way.
 bool objectDataSet(AcDbObject& object, const CKexDataKey& key, CKexDataItem value);
 
-/// Takes away an object's data item and, with `all`, its hard-pointer lists and its name in the
-/// lists of the reference map. False when there was nothing.
+/// The same in the cache: the drawing is written later. False, and no change, when the object
+/// cannot be written and when a value stands on the way.
+bool cachedDataSet(AcDbObjectId id, const CKexDataKey& key, CKexDataItem value);
+
+/// Takes away an object's data item, that of the cache too, and, with `all`, its hard-pointer lists
+/// and its name in the lists of the reference map. False when there was nothing.
 bool objectDataRemove(AcDbObjectId id, bool all);
 
 /// The living entities of the current space in drawing order.

@@ -5,6 +5,7 @@
 #include "dbbridge/hard_pointers.h"
 #include "kex/units.h"
 #include "kexdata/configuration.h"
+#include "kexobj/data_cache.h"
 #include "kexobj/open_object.h"
 #include "kexobj/xrecords.h"
 #include "marshal/arg_reader.h"
@@ -19,6 +20,15 @@ namespace {
 CKexDataItem readValue(ArgReader& in, const CKexDataKey& key, int position)
 {
     return key.isEmpty() ? in.dataList(position) : in.data(position);
+}
+
+/// The second argument of the functions for which nil is no key but asks for nothing.
+std::optional<CKexDataKey> readKeyOrNil(ArgReader& in, int position)
+{
+    const bool isNil = !in.isLast() && in.peek()->restype == RTNIL;
+    CKexDataKey key = in.key(position);
+    if (isNil) return std::nullopt;
+    return key;
 }
 
 CKexString readListName(ArgReader& in, int position)
@@ -46,10 +56,9 @@ int kexXrGet(const resbuf* args)
 {
     ArgReader in(args);
     const AcDbObjectId id = in.objectId(1);
-    const bool isNil = !in.isLast() && in.peek()->restype == RTNIL;
-    const CKexDataKey key = in.key(2);
+    const std::optional<CKexDataKey> key = readKeyOrNil(in, 2);
     if (in.failed()) return in.fail();
-    return isNil ? retAds(false) : retAds(xrGet(id, key).get());
+    return key.has_value() ? retAds(xrGet(id, *key).get()) : retAds(false);
 }
 
 int kexXrMod(const resbuf* args)
@@ -71,6 +80,43 @@ int kexXrDir(const resbuf* args)
     if (in.failed()) return in.fail();
     const std::unique_ptr<CKexDataItem> item = xrGet(id, key);
     return item == nullptr ? retAds(false) : retAds(item->getKeyList());
+}
+
+int kexXdGet(const resbuf* args)
+{
+    ArgReader in(args);
+    const AcDbObjectId id = in.objectId(1);
+    const std::optional<CKexDataKey> key = readKeyOrNil(in, 2);
+    if (in.failed()) return in.fail();
+    return key.has_value() ? retAds(xd_get(id, *key)) : retAds(false);
+}
+
+int kexXdMod(const resbuf* args)
+{
+    ArgReader in(args);
+    const AcDbObjectId id = in.objectId(1);
+    const CKexDataKey key = in.key(2);
+    CKexDataItem value = readValue(in, key, 3);
+    if (in.failed()) return in.fail();
+    return retAds(cachedDataSet(id, key, std::move(value)));
+}
+
+int kexXdDir(const resbuf* args)
+{
+    ArgReader in(args);
+    const AcDbObjectId id = in.objectId(1);
+    const CKexDataKey key = in.key(2);
+    if (in.failed()) return in.fail();
+    const CKexDataItem* item = xd_get(id, key);
+    return item == nullptr ? retAds(false) : retAds(item->getKeyList());
+}
+
+int kexXdFlush(const resbuf* args)
+{
+    // kept: T also when something could not be written, which the user is told
+    if (args != nullptr && args->restype == RTENAME) xd_flush(ArgReader(args).objectId(1));
+    else xd_close(false);
+    return retAds(true);
 }
 
 int dGet(const resbuf* args)

@@ -8,20 +8,20 @@
 namespace KEX {
 
 LispFn dBread, dBwrite, dLabelGet, dLabelSet, dVal, dValSet, dDirp, dKey, dEqual, dMerge, dCrc,
-    dXLogIor, dXBit, dXBitSet, dChkType, dChkNum, kexXrObj, kexXrGet, kexXrMod, kexXrDir,
-    kexDictObj, kexDictDir, kexDxrGet, kexDxrMod, kexDxrDir, dHardPointer, dHardPointerRem,
-    dHardPointerGet, dGet, dCopy, dRemove, dFind, kexObjDictName, kexObjDictPath, kexObjDictDir,
-    kexDwgDictDir;
+    dXLogIor, dXBit, dXBitSet, dChkType, dChkNum, kexXrObj, kexXrGet, kexXrMod, kexXrDir, kexXdGet,
+    kexXdMod, kexXdDir, kexXdFlush, kexDictObj, kexDictDir, kexDxrGet, kexDxrMod, kexDxrDir,
+    dHardPointer, dHardPointerRem, dHardPointerGet, dGet, dCopy, dRemove, dFind, kexObjDictName,
+    kexObjDictPath, kexObjDictDir, kexDwgDictDir;
 
 inline constexpr LispRow kXrecordRows[] = {
     {KT("kex_xr_obj"), kexXrObj, KT("en, [T or nil create = nil]"), KT("en or nil")},
     {KT("kex_xr_get"), kexXrGet, KT("en, key or nil"), KT("any or nil")},
     {KT("kex_xr_mod"), kexXrMod, KT("en, key, value or nil"), KT("T or nil")},
     {KT("kex_xr_dir"), kexXrDir, KT("en, key"), KT("list of str and int or nil")},
-    {KT("kex_xd_get"), notBuilt, KT("en, key or nil"), KT("any or nil")},
-    {KT("kex_xd_mod"), notBuilt, KT("en, key, value or nil"), KT("T or nil")},
-    {KT("kex_xd_dir"), notBuilt, KT("en, key"), KT("list of str and int or nil")},
-    {KT("kex_xd_flush"), notBuilt, KT("[en]"), KT("T")},
+    {KT("kex_xd_get"), kexXdGet, KT("en, key or nil"), KT("any or nil")},
+    {KT("kex_xd_mod"), kexXdMod, KT("en, key, value or nil"), KT("T or nil")},
+    {KT("kex_xd_dir"), kexXdDir, KT("en, key"), KT("list of str and int or nil")},
+    {KT("kex_xd_flush"), kexXdFlush, KT("[en]"), KT("T")},
     {KT("kex_dict_obj"), kexDictObj, KT("key, [T or nil create = T]"), KT("en or nil")},
     {KT("kex_dict_dir"), kexDictDir, KT("key or en"), KT("list of str or nil")},
     {KT("kex_dxr_get"), kexDxrGet, KT("key or en, key"), KT("any or nil")},
@@ -39,7 +39,7 @@ inline constexpr LispRow kXrecordRows[] = {
 };
 
 inline constexpr LispRow kDataRows[] = {
-    {KT("kex_d_xdflush"), notBuilt, KT("[en]"), KT("T")},
+    {KT("kex_d_xdflush"), kexXdFlush, KT("[en]"), KT("T")},
     {KT("kex_d_label_get"), dLabelGet, KT("str text, [str context = current language]"), KT("str")},
     {KT("kex_d_bez_get"), dLabelGet, KT("str text, [str context = current language]"), KT("str")},
     {KT("kex_d_label_set"), dLabelSet, KT("str text or nil, str context or nil, str new or nil"),

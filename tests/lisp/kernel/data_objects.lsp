@@ -153,3 +153,45 @@
 (kex_dxr_get "KEX_LOBJ\\REF" "")        ; => nil
 (kex_d_remove gone)                     ; => nil
 (kex_d_remove "a")                      ; ! kex_d_remove: Argument 1 ist ungültig
+
+; kex_xd_mod, kex_xd_get, kex_xd_dir: the same through a cache, written when it is flushed
+(kex_xd_get a "K")                      ; => nil
+(kex_xd_mod a "K" 1)                    ; => T
+(kex_xd_mod a "D\\E" '(1.0 2.0 3.0))    ; => T
+(kex_xd_get a "k")                      ; => 1
+(kex_xd_get a "")                       ; => (("K" . 1) ("D" ("E" 1.0 2.0 3.0)))
+(kex_xd_get a nil)                      ; => nil
+(kex_xd_dir a nil)                      ; => ("K" "D")
+(kex_xd_dir a "K")                      ; => nil
+(kex_xr_get a "K")                      ; => nil
+(kex_xd_flush a)                        ; => T
+(kex_xr_get a "K")                      ; => 1
+(kex_xd_mod a "K\\X" 5)                 ; => nil
+(kex_xd_mod a "NONE" nil)               ; => T
+(kex_xd_mod b "" '((1 2) (3 4)))        ; => T
+(kex_d_xdflush)                         ; => T
+(kex_xr_get b "")                       ; => ((1 2) (3 4))
+; what another function changes is read again
+(kex_xr_mod a "K" 2)                    ; => T
+(kex_xd_get a "K")                      ; => 2
+; the last key takes the item
+(kex_xd_mod a "K" nil)                  ; => T
+(kex_xd_mod a "D" nil)                  ; => T
+(kex_xd_get a "")                       ; => nil
+(kex_xd_flush)                          ; => T
+(kex_xr_obj a)                          ; => nil
+; what waits in the cache is removed with the rest
+(kex_xd_mod a "K" 1)                    ; => T
+(kex_d_remove a)                        ; => T
+(kex_xd_get a "K")                      ; => nil
+(kex_d_xdflush "any")                   ; => T
+(kex_xr_obj a)                          ; => nil
+(kex_xd_mod gone "K" 1)                 ; => nil
+(kex_xd_get gone "K")                   ; => nil
+(kex_xd_dir gone "")                    ; => nil
+(kex_xd_flush gone)                     ; => T
+(kex_xd_get "a" "K")                    ; ! kex_xd_get: Argument 1 ist ungültig
+(kex_xd_get a)                          ; ! kex_xd_get: Argument 2 ist ungültig
+(kex_xd_mod a '((1)) 1)                 ; ! kex_xd_mod: Argument 2 ist ungültig
+(kex_xd_mod a "" 1)                     ; ! kex_xd_mod: Argument 3 ist ungültig
+(kex_xd_dir a 1.5)                      ; ! kex_xd_dir: Argument 2 ist ungültig
