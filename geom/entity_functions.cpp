@@ -65,6 +65,17 @@ bool readProperties(const resbuf* list, CSmartResbuf& groups)
 
 } // namespace
 
+int entityInters(const resbuf* args)
+{
+    ArgReader in(args);
+    const CAdsName a = in.ename(1);
+    const CAdsName b = in.ename(2);
+    const int extend = in.integerIfAny(3).value_or(0);
+    in.require(extend >= 0 && extend <= 3, 3);
+    if (in.failed()) return in.fail();
+    return retAds(e_inters(a, b, static_cast<Extend>(extend)));
+}
+
 int entityMake(const resbuf* args)
 {
     ArgReader in(args);

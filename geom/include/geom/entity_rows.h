@@ -4,6 +4,7 @@
 
 #include "geom/curve_dif.h"
 #include "geom/entity_curve.h"
+#include "geom/entity_inters.h"
 #include "geom/entity_lists.h"
 #include "geom/entity_make.h"
 #include "geom/entity_outline.h"
@@ -13,12 +14,12 @@
 
 namespace KEX {
 
-LispFn entityMake, entityTransform, entityListNear;
+LispFn entityInters, entityMake, entityTransform, entityListNear;
 
 inline constexpr LispRow kEntityRows[] = {
     {KT("kex_g_e_annoscales"), notBuilt, KT("en"), KT("list of str or nil")},
     {KT("kex_g_e_annoscales_set"), notBuilt, KT("en, list of str or nil"), KT("T or nil")},
-    {KT("kex_g_e_inters"), notBuilt, KT("en a, en b, [int ext = 0]"), KT("list of pt or nil")},
+    {KT("kex_g_e_inters"), entityInters, KT("en a, en b, [int ext = 0]"), KT("list of pt or nil")},
     {KT("kex_g_e_vl"), adapt<entityOutline, curveDif>, KT("en, [num dif = 0.01]"), KT("vl or nil")},
     {KT("kex_g_e_vl_set"), adapt<e_vl_set>, KT("en, vl"), KT("en or nil")},
     {KT("kex_g_e_mk"), entityMake, KT("vl, [list of (code . value) props]"), KT("en or nil")},
@@ -41,9 +42,10 @@ inline constexpr LispRow kEntityListRows[] = {
     {KT("kex_g_el_near"), entityListNear, KT("el, pt p"), KT("(en pt) or nil")},
     {KT("kex_g_el_trans"), adapt<el_trans>, KT("el, mtx"), KT("int")},
     {KT("kex_g_el_copy"), adapt<el_copy>, KT("el, [mtx]"), KT("list of en or nil")},
-    {KT("kex_g_el_int"), notBuilt, KT("el, [T self]"), KT("list of pt or nil")},
+    {KT("kex_g_el_int"), adapt<el_int>, KT("el, [T self]"), KT("list of pt or nil")},
     {KT("kex_g_el_regl"), notBuilt, KT("el"), KT("regl or nil")},
-    {KT("kex_g_el_win"), notBuilt, KT("el, pt p1, pt p2, [T crossing]"), KT("list of en or nil")},
+    {KT("kex_g_el_win"), adapt<el_win>, KT("el, pt p1, pt p2, [T crossing]"),
+     KT("list of en or nil")},
     {KT("kex_g_el_sort"), adapt<el_sort>, KT("el, num w, [T last]"), KT("list of en")},
 };
 

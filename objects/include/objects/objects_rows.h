@@ -6,6 +6,8 @@
 
 namespace KEX {
 
+LispFn entityInters; // of the geometry of entities
+
 inline constexpr LispRow kObjectTypeRows[] = {
     {KT("kex_obj_edit_obj"), notBuilt, KT("str type, [T or nil create = nil]"), KT("en or nil")},
     {KT("kex_obj_activate"), notBuilt, KT("en"), KT("en or nil")},
@@ -19,7 +21,7 @@ inline constexpr LispRow kObjectTypeRows[] = {
 inline constexpr LispRow kObjectRows[] = {
     {KT("kex_obj_type_label"), notBuilt, KT("str type"), KT("str")},
     {KT("kex_obj_type_bez"), notBuilt, KT("str type"), KT("str")},
-    {KT("kex_obj_inters"), notBuilt, KT("en a, en b, [int ext = 0]"), KT("list of pt or nil")},
+    {KT("kex_obj_inters"), entityInters, KT("en a, en b, [int ext = 0]"), KT("list of pt or nil")},
     {KT("kex_obj_type"), notBuilt, KT("en"), KT("str or nil")},
     {KT("kex_obj_types"), notBuilt, KT("[T edit]"), KT("list of str")},
     {KT("kex_obj_is"), notBuilt, KT("en, str or list of str types"), KT("T or nil")},

@@ -115,3 +115,32 @@
 (kex_g_e_mk '(((0 0) (1 0))) '((8 . 5))) ; ! kex_g_e_mk: Argument 2 ist ungültig
 (kex_g_el_ext arc) ; ! kex_g_el_ext: Argument ist ungültig
 (kex_g_el_sort all "x") ; ! kex_g_el_sort: Argument 2 ist ungültig
+
+; -- common points
+(defun line-of (p q) (entmakex (list '(0 . "LINE") (cons 10 p) (cons 11 q))))
+(setq ground (line-of '(-10.0 0.0 0.0) '(10.0 0.0 0.0)) short (line-of '(3.0 1.0 0.0) '(3.0 5.0 0.0)) wheel (entmakex '((0 . "CIRCLE") (10 0.0 0.0 0.0) (40 . 5.0))))
+(near (kex_g_e_inters ground wheel) '((-5.0 0.0 0.0) (5.0 0.0 0.0))) ; => T
+(near (kex_g_e_inters wheel ground) '((5.0 0.0 0.0) (-5.0 0.0 0.0))) ; => T
+(kex_g_e_inters ground short) ; => nil
+(kex_g_e_inters ground short 1) ; => nil
+(near (kex_g_e_inters ground short 2) '((3.0 0.0 0.0))) ; => T
+(near (kex_g_e_inters short wheel 1) '((3.0 -4.0 0.0) (3.0 4.0 0.0))) ; => T
+; skew lines have none, a line that pierces the plane of a circle one, circles in different planes two
+(kex_g_e_inters ground (line-of '(0.0 -1.0 1.0) '(0.0 1.0 1.0))) ; => nil
+(near (kex_g_e_inters wheel (line-of '(3.0 4.0 -1.0) '(3.0 4.0 9.0))) '((3.0 4.0 0.0))) ; => T
+(setq upright (entmakex '((0 . "CIRCLE") (10 0.0 0.0 0.0) (40 . 5.0) (210 1.0 0.0 0.0))))
+(near (kex_g_e_inters wheel upright) '((0.0 5.0 0.0) (0.0 -5.0 0.0))) ; => T
+(near (length (kex_g_e_inters tilted tilted)) 2) ; => T
+; pieces that coincide give their ends; a joint is met once
+(near (kex_g_e_inters ground (line-of '(2.0 0.0 0.0) '(40.0 0.0 0.0))) '((2.0 0.0 0.0) (10.0 0.0 0.0))) ; => T
+(near (kex_g_e_inters (line-of '(5.0 -3.0 0.0) '(5.0 3.0 0.0)) angle) '((5.0 0.0 0.0) (5.0 3.0 0.0))) ; => T
+(list (kex_g_e_inters text wheel) (kex_g_e_inters solid wheel)) ; => (nil nil)
+(setq eight (path nil '(((10 0.0 20.0)) ((10 10.0 30.0)) ((10 10.0 20.0)) ((10 0.0 30.0)))))
+(kex_g_el_int (list ground wheel eight)) ; => ((-5.0 0.0 0.0) (5.0 0.0 0.0))
+(near (kex_g_el_int (list ground wheel eight) T) '((-5.0 0.0 0.0) (5.0 0.0 0.0) (5.0 25.0 0.0))) ; => T
+(kex_g_el_int (list slot) T) ; => nil
+; windows: what lies in them, and what crosses them
+(equal (kex_g_el_win (list ground wheel short text) '(2 0 0) '(4 6 0)) (list short)) ; => T
+(equal (kex_g_el_win (list ground wheel short text) '(4 6 0) '(2 0 0) T) (list ground wheel short text)) ; => T
+(kex_g_el_win (list wheel upright) '(1 1 0) '(2 2 0) T) ; => nil
+(kex_g_e_inters ground wheel 4) ; ! kex_g_e_inters: Argument 3 ist ungültig
