@@ -101,6 +101,30 @@ bool isProgram(const std::string& word)
     return word.size() > 4 && (word.ends_with(".lsp") || word.ends_with(".LSP"));
 }
 
+bool areFiles(const std::vector<std::string>& programs)
+{
+    for (const std::string& program : programs) {
+        if (isFile(program)) continue;
+        say(program + ": no such file");
+        return false;
+    }
+    return true;
+}
+
+/// Programs, then expressions, up to the first error.
+Evaluation evaluate(Session& session, const std::vector<std::string>& programs,
+                    const std::vector<std::string>& expressions)
+{
+    Evaluation last;
+    for (const std::string& program : programs) {
+        if (last.ok) last = session.loadFile(program);
+    }
+    for (const std::string& expression : expressions) {
+        if (last.ok) last = session.eval(expression);
+    }
+    return last;
+}
+
 std::string jsonText(std::string_view text)
 {
     std::string out = "\"";
@@ -145,11 +169,7 @@ int run(const Options& options)
         say("orvald run needs a program (FILE.lsp) or -e EXPR");
         return kUsage;
     }
-    for (const std::string& program : programs) {
-        if (isFile(program)) continue;
-        say(program + ": no such file");
-        return kFileMissing;
-    }
+    if (!areFiles(programs)) return kFileMissing;
     if (!options.answers.empty()) {
         with.answers.emplace();
         if (!readLines(options.answers, *with.answers)) {
@@ -161,13 +181,7 @@ int run(const Options& options)
     int status = kWell;
     const std::unique_ptr<Session> session = start(options, with, status);
     if (session == nullptr) return status;
-    Evaluation last;
-    for (const std::string& program : programs) {
-        if (last.ok) last = session->loadFile(program);
-    }
-    for (const std::string& expression : options.expressions) {
-        if (last.ok) last = session->eval(expression);
-    }
+    const Evaluation last = evaluate(*session, programs, options.expressions);
     if (options.time && !session->command("kex_dump")) say("--time: the kernel is not loaded");
     session->finishOutput();
     if (!last.ok) return report(*session, last);
@@ -199,19 +213,28 @@ int eval(const Options& options)
 
 int draw(const Options& options)
 {
-    if (options.words.size() != 2) {
-        say("orvald draw needs a drawing and a picture: orvald draw FILE.dxf PICTURE.svg");
+    const auto& words = options.words;
+    // Programs only where their graphics are wanted: a picture needs no kernel.
+    const bool fits = words.size() == 2 || (options.overlay && words.size() > 2);
+    if (!fits || (!options.overlay && !options.expressions.empty())) {
+        say("orvald draw needs a drawing and a picture, and programs only with --overlay: "
+            "orvald draw FILE.dxf PICTURE.svg [--overlay [PROGRAM.lsp ...] [-e EXPR]]");
         return kUsage;
     }
+    const std::vector<std::string> programs(words.begin() + 2, words.end());
+    if (!areFiles(programs)) return kFileMissing;
     Options here = options;
-    here.drawing = options.words[0];
+    here.drawing = words[0];
     SessionOptions with = options.session;
-    with.kernel.clear(); // a picture needs no kernel
+    if (programs.empty() && options.expressions.empty()) with.kernel.clear();
     int status = kWell;
     const std::unique_ptr<Session> session = start(here, with, status);
     if (session == nullptr) return status;
+    const Evaluation last = evaluate(*session, programs, options.expressions);
+    session->finishOutput();
+    if (!last.ok) return report(*session, last);
     std::string problem;
-    if (session->picture(options.words[1], problem)) return kWell;
+    if (session->picture(words[1], problem)) return kWell;
     say(problem);
     return kNoOutput;
 }

@@ -31,6 +31,7 @@ constexpr std::array kRows = {
     Row{"--from-text", "", true, [](Options& o, const std::string& v) { o.fromText = v; }},
     Row{"--trace", "", false, [](Options& o, const std::string&) { o.session.trace = true; }},
     Row{"--time", "", false, [](Options& o, const std::string&) { o.time = true; }},
+    Row{"--overlay", "", false, [](Options& o, const std::string&) { o.overlay = true; }},
     Row{"--json", "", false, [](Options& o, const std::string&) { o.json = true; }},
     Row{"", "-e", true, [](Options& o, const std::string& v) { o.expressions.push_back(v); }},
     Row{"--set", "", true,
@@ -116,6 +117,7 @@ std::string_view helpText()
   orvald eval EXPR ...             print each value as LISP prints it
       -d, --drawing FILE.dxf       in this drawing
   orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
+      --overlay [PROGRAM.lsp ...]  with the temporary graphics that programs and -e EXPR draw on it
   orvald data FILE.dex             print a data file as text that can be edited
   orvald data --from-text TEXT FILE.dex    write a data file from such a text
   orvald functions [WORD] [--json] the kernel's LISP functions in table order:

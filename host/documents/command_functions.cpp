@@ -7,6 +7,8 @@
 #include "text/letters.h"
 #include "undo_commands.h"
 
+#include <algorithm>
+
 namespace orvald {
 namespace {
 
@@ -49,6 +51,15 @@ bool run(World& world, const Typed& typed)
     return true;
 }
 
+/// Runs the command when it draws the screen anew, which here takes the temporary graphics away.
+bool runRedrawing(Document& document, std::u16string_view name)
+{
+    constexpr std::u16string_view kNames[] = {u"REDRAW", u"REDRAWALL", u"REGEN", u"REGENALL"};
+    if (std::ranges::find(kNames, name) == std::end(kNames)) return false;
+    document.graphics().clear();
+    return true;
+}
+
 /// Takes the arguments as what a user types where a command is expected.
 void typeIn(World& world, Args args)
 {
@@ -64,7 +75,8 @@ void typeIn(World& world, Args args)
         if (argument.isNil() || text.empty()) continue;
         const Typed typed = readName(text);
         if (argument.isString() &&
-            (runUndoCommand(Document::of(world), typed.name, next) || run(world, typed)))
+            (runUndoCommand(Document::of(world), typed.name, next) ||
+             runRedrawing(Document::of(world), typed.name) || run(world, typed)))
             continue;
         world.host().print(u"Unknown command \"" + typed.name + u"\".\n");
         return; // the rest was meant for that command

@@ -31,6 +31,18 @@ int acedGetVar(const ACHAR* name, resbuf* value)
         value->restype = RTSTR;
         return acutNewString(text->second.c_str(), value->resval.rstring);
     }
+    if (const auto real = testHost().realVariables.find(key);
+        real != testHost().realVariables.end()) {
+        value->restype = RTREAL;
+        value->resval.rreal = real->second;
+        return RTNORM;
+    }
+    if (const auto point = testHost().pointVariables.find(key);
+        point != testHost().pointVariables.end()) {
+        value->restype = RT3DPOINT;
+        std::copy_n(point->second.asArray(), 3, value->resval.rpoint);
+        return RTNORM;
+    }
     const auto number = testHost().integerVariables.find(key);
     if (number == testHost().integerVariables.end()) return RTERROR;
     value->restype = RTSHORT;

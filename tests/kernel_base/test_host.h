@@ -4,6 +4,7 @@
 #pragma once
 
 #include "kex/ename.h"
+#include "kex/point.h"
 #include "kex/string.h"
 
 #include <map>
@@ -13,6 +14,8 @@ struct TestHost
 {
     std::map<std::string, CKexString> textVariables;
     std::map<std::string, int> integerVariables;
+    std::map<std::string, double> realVariables;
+    std::map<std::string, CKexPoint3d> pointVariables;
     std::vector<std::string> alerts;
     bool answer = true; // to questions
     /// Living entities by their first word; the handle is its hexadecimal text.

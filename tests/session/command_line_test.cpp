@@ -62,6 +62,15 @@ TEST_F(CommandLine, RunGivesArgumentsAndSavesAndDraws)
     EXPECT_EQ(again.out, "LINE\n") << again.err;
     EXPECT_EQ(orvald("draw a.dxf a.png").status, 0);
     EXPECT_TRUE(kextest::readFile(file("a.png")).starts_with("\x89PNG"));
+    // What is drawn twice in the complement is not there.
+    const auto drawn = [&](const std::string& expression) {
+        EXPECT_EQ(orvald("draw a.dxf b.svg --overlay -e \"" + expression + "\"").status, 0);
+        return kextest::readFile(file("b.svg"));
+    };
+    const std::string bare = drawn("1"), cross = "(kex_g_gr_cross '(50 20))";
+    EXPECT_GT(drawn(cross).size(), bare.size());
+    EXPECT_EQ(drawn(cross + cross), bare);
+    EXPECT_EQ(orvald("draw a.dxf b.svg -e 1").status, 64);
 }
 
 TEST_F(CommandLine, ErrorsTellMessageCallsAndPlace)

@@ -12,6 +12,8 @@
 (grvecs '((0 0) (1 1)) '((1 0)))            ; ! bad grvecs matrix: ((1 0))
 (grdraw '(0) '(1 1) 1)                      ; ! bad argument type: 2D/3D point: (0)
 (progn (redraw (entmakex '((0 . "POINT") (10 0 0)))) (length (vectors))) ; => 1
+; drawing the screen anew takes them away
+(progn (command "_.REGEN") (vectors))       ; => nil
 (modified)                                  ; => T
 
 ; -- coordinate systems: by number, by entity, by normal
