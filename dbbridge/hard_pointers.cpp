@@ -3,6 +3,7 @@
 #include "dbbridge/hard_pointers.h"
 
 #include "kex/resbuf_chain.h"
+#include "kexobj/dictionaries.h"
 #include "kexobj/open_object.h"
 #include "kexobj/xrecords.h"
 
@@ -38,6 +39,16 @@ bool canBeOpened(AcDbObjectId target)
 {
     // For notify: a target that somebody writes to exists as well.
     return static_cast<bool>(OpenObject<AcDbObject>(target, AcDb::kForNotify));
+}
+
+bool isList(const resbuf* groups)
+{
+    bool any = false;
+    for (; groups != nullptr; groups = groups->rbnext) {
+        if (groups->restype != kHardPointer) return false;
+        any = true;
+    }
+    return any;
 }
 
 bool write(AcDbObject* owner, const ACHAR* name, RbBuilder& list)
@@ -106,6 +117,18 @@ bool getHardPointer(const AcDbObject* owner, const ACHAR* name, AcArray<AcDbObje
         if (!target.isErased()) targets.append(target);
     }
     return !targets.isEmpty();
+}
+
+bool removeHardPointerLists(AcDbObject& owner)
+{
+    bool any = false;
+    for (const DictEntry& entry : dictDir(owner.extensionDictionary())) {
+        if (!isList(xrecRbGet(owner, entry.name.c_str()))) continue;
+        const OpenObject<AcDbXrecord> record(entry.id, AcDb::kForWrite);
+        any |= record && record->erase() == Acad::eOk;
+    }
+    if (any) owner.releaseExtensionDictionary(); // refused while it has entries
+    return any;
 }
 
 } // namespace KEX

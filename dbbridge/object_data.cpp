@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "object_data.h"
 
+#include "dbbridge/hard_pointers.h"
 #include "hostapi/entity.h"
 #include "kexdata/data_compare.h"
 #include "kexdata/data_dir.h"
@@ -13,36 +14,12 @@
 namespace KEX {
 namespace {
 
-constexpr short kHardPointer = 340;
-
 /// Record of the reference map: for each referenced object, under its handle, who refers to it.
 CKexDataKey referenceMap()
 {
     CKexDataKey key;
     key.set(RTSTR, KT("KEX_LOBJ"), RTSTR, KT("REF"), 0);
     return key;
-}
-
-/// Not for an empty record: it may be anybody's.
-bool isHardPointerList(const resbuf* groups)
-{
-    if (groups == nullptr) return false;
-    for (; groups != nullptr; groups = groups->rbnext) {
-        if (groups->restype != kHardPointer) return false;
-    }
-    return true;
-}
-
-bool dropHardPointerLists(AcDbObject& object)
-{
-    bool any = false;
-    for (const DictEntry& entry : dictDir(object.extensionDictionary())) {
-        if (!isHardPointerList(xrecRbGet(object, entry.name.c_str()))) continue;
-        const OpenObject<AcDbXrecord> record(entry.id, AcDb::kForWrite);
-        any |= record && record->erase() == Acad::eOk;
-    }
-    if (any) object.releaseExtensionDictionary(); // refused while it has entries
-    return any;
 }
 
 /// A list without one name; false when it does not hold it.
@@ -107,9 +84,12 @@ bool objectDataRemove(AcDbObjectId id, bool all)
     xd_flush(id); // what waits in the cache would come back
     const OpenObject<AcDbObject> object(id, AcDb::kForWrite);
     if (!object) return false;
-    bool any = xrGet(*object) != nullptr && xrSet(*object, nullptr);
+    AcDbObjectId record;
+    const bool isRecord = AcDbXrecord::cast(object.get()) != nullptr;
+    const bool hasData = isRecord ? xrGet(*object) != nullptr : xrecId(*object, record, false);
+    bool any = hasData && xrSet(*object, nullptr);
     if (!all) return any;
-    any |= dropHardPointerLists(*object);
+    any |= removeHardPointerLists(*object);
     CAdsName name;
     acdbGetAdsName(name.asName(), id);
     return dropReferences(name) || any;

@@ -26,5 +26,9 @@ ACRX_EXPORT bool removeHardPointer(AcDbObject* owner, const ACHAR* name, AcDbObj
 /// The targets that are not erased; those that are stay in the list. False when there are none.
 ACRX_EXPORT bool getHardPointer(const AcDbObject* owner, const ACHAR* name,
                                 AcArray<AcDbObjectId>& targets);
+/// Takes all lists of an object away, which is open for write. An xrecord counts as one when it
+/// holds hard pointers and nothing else; an empty one stays, it may be anybody's. False when there
+/// is none.
+bool removeHardPointerLists(AcDbObject& owner);
 
 } // namespace KEX

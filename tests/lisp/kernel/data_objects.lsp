@@ -195,3 +195,11 @@
 (kex_xd_mod a '((1)) 1)                 ; ! kex_xd_mod: Argument 2 ist ungültig
 (kex_xd_mod a "" 1)                     ; ! kex_xd_mod: Argument 3 ist ungültig
 (kex_xd_dir a 1.5)                      ; ! kex_xd_dir: Argument 2 ist ungültig
+; a record that holds nothing is removed as well
+(setq c (line))
+(type (kex_xr_obj c T))                 ; => ENAME
+(kex_xr_mod c "" nil)                   ; => T
+(extension c)                           ; => nil
+(type (kex_xr_obj c T))                 ; => ENAME
+(kex_d_remove c)                        ; => T
+(extension c)                           ; => nil
