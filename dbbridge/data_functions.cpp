@@ -34,7 +34,7 @@ int dValSet(const resbuf* args)
     ArgReader in(args);
     CKexDataItem data = in.dataList(1);
     const CKexDataKey key = in.key(2);
-    CKexDataItem value = key.isEmpty() ? in.dataList(3) : in.data(3);
+    CKexDataItem value = in.dataAt(key, 3);
     in.require(key.isEmpty() || data.isNil() || data.isDir(), 1);
     // A key that leads through a value is wrong: what stands there must not get lost.
     if (!in.failed()) in.require(dataSet(data, key, std::move(value)), 2);

@@ -77,7 +77,7 @@ int kexDxrMod(const resbuf* args)
     ArgReader in(args);
     const DataPlace place = DataPlace::read(in, 1);
     const CKexDataKey key = in.key(2);
-    CKexDataItem value = key.isEmpty() ? in.dataList(3) : in.data(3);
+    CKexDataItem value = in.dataAt(key, 3);
     if (in.failed()) return in.fail();
     return retAds(place.put(key, std::move(value)));
 }

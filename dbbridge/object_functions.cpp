@@ -16,12 +16,6 @@
 namespace KEX {
 namespace {
 
-/// A value for a key; at the empty key, where it is all of the data, a list or nil.
-CKexDataItem readValue(ArgReader& in, const CKexDataKey& key, int position)
-{
-    return key.isEmpty() ? in.dataList(position) : in.data(position);
-}
-
 /// The second argument of the functions for which nil is no key but asks for nothing.
 std::optional<CKexDataKey> readKeyOrNil(ArgReader& in, int position)
 {
@@ -66,7 +60,7 @@ int kexXrMod(const resbuf* args)
     ArgReader in(args);
     const AcDbObjectId id = in.objectId(1);
     const CKexDataKey key = in.key(2);
-    CKexDataItem value = readValue(in, key, 3);
+    CKexDataItem value = in.dataAt(key, 3);
     if (in.failed()) return in.fail();
     const OpenObject<AcDbObject> object(id, AcDb::kForWrite);
     return retAds(object && objectDataSet(*object, key, std::move(value)));
@@ -96,7 +90,7 @@ int kexXdMod(const resbuf* args)
     ArgReader in(args);
     const AcDbObjectId id = in.objectId(1);
     const CKexDataKey key = in.key(2);
-    CKexDataItem value = readValue(in, key, 3);
+    CKexDataItem value = in.dataAt(key, 3);
     if (in.failed()) return in.fail();
     return retAds(cachedDataSet(id, key, std::move(value)));
 }

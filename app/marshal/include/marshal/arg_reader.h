@@ -67,6 +67,11 @@ public:
     CKexDataItem data(int position);
     /// A list of any kind, a directory or not, or nil.
     CKexDataItem dataList(int position);
+    /// A value for a key; for the empty one, which means all of the data, a list or nil.
+    CKexDataItem dataAt(const CKexDataKey& key, int position)
+    {
+        return key.isEmpty() ? dataList(position) : data(position);
+    }
     /// A drawing object by its name; it may be erased. Null when no open drawing has it.
     AcDbObjectId objectId(int position);
     /// The path of a file or folder in the form of dos_name.
