@@ -46,21 +46,7 @@ struct Segment
     }
 };
 
-Box boxOf(const Segment& segment)
-{
-    Box box{segment.start(), segment.start()};
-    box.add(segment.end());
-    if (!segment.isArc()) return box;
-    const Circle c = segment.circle();
-    const auto at = [&](double t) { return c.centre + c.x * std::cos(t) + c.y * std::sin(t); };
-    for (const double t :
-         {std::atan2(c.y.x, c.x.x), std::atan2(c.y.y, c.x.y), std::atan2(c.y.z, c.x.z)}) {
-        for (const CKexPoint3d& extreme : {at(t), at(t + kPi)}) {
-            if (segment.holds(extreme)) box.add(extreme);
-        }
-    }
-    return box;
-}
+Box boxOf(const Segment& segment) { return vx_box(*segment.vertex, segment.curve->system()); }
 
 bool areApart(const Box& a, const Box& b)
 {

@@ -26,6 +26,8 @@ public:
     bool isTilted() const { return plane_.has_value(); }
     CKexPoint3d toWorld(const CKexPoint3d& p) const { return plane_ ? plane_->toWorld * p : p; }
     CKexVector3d toWorld(const CKexVector3d& v) const { return plane_ ? plane_->toWorld * v : v; }
+    /// From those to the world.
+    CKexMatrix3d system() const { return plane_ ? plane_->toWorld : CKexMatrix3d(); }
     CKexPoint3d fromWorld(const CKexPoint3d& p) const { return plane_ ? plane_->fromWorld * p : p; }
     /// It ends where it starts.
     bool isClosed() const;

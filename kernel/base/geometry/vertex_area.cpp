@@ -37,6 +37,39 @@ double vl_area(const CKexVertexArray& list)
     return area;
 }
 
+AreaMoments vl_moments(const CKexVertexArray& list, const CKexPoint3d& origin)
+{
+    AreaMoments sum;
+    for (const CKexVertex& vertex : list) {
+        const CKexVector3d a = vertex.startPoint() - origin, b = vertex.endPoint() - origin;
+        const double triangle = 0.5 * (a.x * b.y - a.y * b.x);
+        sum.area += triangle;
+        sum.moment = sum.moment + CKexVector3d(a.x + b.x, a.y + b.y) * (triangle / 3.0);
+        const double chord = vertex.chord();
+        if (vertex.isStraight() || chord == 0.0) continue;
+        // The part between arc and chord, about the middle of the chord; a far centre takes away
+        // what its chord³/12 gives.
+        const double part = vx_segmentArea(vertex);
+        const CKexVector3d d = vertex.endPoint() - vertex.startPoint();
+        const double toCentre = 0.25 * chord * (1.0 / vertex.bulge() - vertex.bulge());
+        const double across = part * toCentre - chord * chord * chord / 12.0;
+        sum.area += part;
+        sum.moment = sum.moment + CKexVector3d(a.x + b.x, a.y + b.y) * (0.5 * part) +
+                     d.perpXY() * (across / chord);
+    }
+    return sum;
+}
+
+CKexVertexArray vl_reversed(const CKexVertexArray& list)
+{
+    CKexVertexArray turned;
+    for (int i = list.length() - 1; i >= 0; --i) {
+        const CKexVertex& vertex = list[i];
+        turned.append(CKexVertex(vertex.endPoint(), vertex.startPoint(), 0.0 - vertex.bulge()));
+    }
+    return turned;
+}
+
 int vl_inside(const CKexVertexArray& list, const CKexPoint3d& p, double tolLength)
 {
     bool inside = false;

@@ -74,6 +74,26 @@ double vx_nearest(const CKexVertex& vertex, const CKexPoint3d& p, bool extended)
     return toStart.lengthXY() <= toEnd.lengthXY() ? 0.0 : 1.0;
 }
 
+Box vx_box(const CKexVertex& vertex, const CKexMatrix3d& map)
+{
+    const CKexPoint3d start = map * vertex.startPoint();
+    Box box{start, start};
+    box.add(map * vertex.endPoint());
+    if (vertex.isStraight()) return box;
+    // Under any map the circle is an ellipse, whose extreme points are known.
+    const double radius = vertex.radius();
+    const CKexVector3d x = map * CKexVector3d(radius, 0.0), y = map * CKexVector3d(0.0, radius);
+    const CKexPoint3d centre = vertex.center();
+    for (const double t : {std::atan2(y.x, x.x), std::atan2(y.y, x.y), std::atan2(y.z, x.z)}) {
+        const CKexVector3d out(radius * std::cos(t), radius * std::sin(t));
+        for (const CKexPoint3d& extreme : {centre + out, centre - out}) {
+            const double share = shareOnCircle(vertex, extreme);
+            if (share > 0.0 && share < 1.0) box.add(map * vx_point(vertex, share));
+        }
+    }
+    return box;
+}
+
 std::optional<VertexPlace> vl_nearest(const CKexVertexArray& list, const CKexPoint3d& p,
                                       bool extended)
 {

@@ -6,6 +6,8 @@
 // angles seen from its middle, so that flat arcs far from the origin lose nothing.
 #pragma once
 
+#include "kex/box.h"
+#include "kex/matrix.h"
 #include "kex/vertex.h"
 
 #include <optional>
@@ -20,6 +22,9 @@ KEX_BASE_API CKexVector3d vx_tangent(const CKexVertex& vertex, double share);
 /// circle, there the place nearest to its middle. The middle for the centre of an arc.
 KEX_BASE_API double vx_nearest(const CKexVertex& vertex, const CKexPoint3d& p,
                                bool extended = false);
+/// World box of a segment under a map, arcs exactly.
+KEX_BASE_API Box vx_box(const CKexVertex& vertex, const CKexMatrix3d& map = {});
+
 /// A place along a list.
 struct VertexPlace
 {
