@@ -10,7 +10,7 @@ namespace {
 constexpr double kUnsetAngle = 1e-6;
 constexpr double kUnsetFabrication = 0.001;
 
-double setting(const ACHAR* key, double unset)
+double setting(const CKexDataKey& key, double unset)
 {
     double value = unset;
     cfg_get(key, value);
@@ -21,8 +21,17 @@ double setting(const ACHAR* key, double unset)
 
 double lengthTolerance() { return CKexPoint3d::tol; }
 
-double angleTolerance() { return setting(KT("_RNDA"), kUnsetAngle); }
+// A key is made once: a function that asks for its tolerance is called often.
+double angleTolerance()
+{
+    static const CKexDataKey key(KT("_RNDA"));
+    return setting(key, kUnsetAngle);
+}
 
-double fabricationTolerance() { return setting(KT("_RNDF"), kUnsetFabrication); }
+double fabricationTolerance()
+{
+    static const CKexDataKey key(KT("_RNDF"));
+    return setting(key, kUnsetFabrication);
+}
 
 } // namespace KEX

@@ -139,7 +139,7 @@ TEST(Lines, CrossAndHaveTheirFeetWhereTheySay)
         }
         const CKexPoint3d foot = *g_lotp(p3, p1, p2);
         const CKexVector3d way = (p2 - p1).normal();
-        const double far = std::min(p3.distanceTo(p1), p3.distanceTo(p2));
+        const double far = std::max({p3.distanceTo(p1), p3.distanceTo(p2), p1.distanceTo(p2)});
         ASSERT_LE(std::abs((p3 - foot).dot(way)), 4 * kEps * far + 2 * bit);
         ASSERT_NEAR(g_line_dist(p3, p1, p2), p3.distanceTo(foot), 4 * kEps * far + 2 * bit);
         ASSERT_TRUE(g_line_pt(p1, p2, p1 + (p2 - p1) * random.from(0, 1)).has_value());

@@ -2,7 +2,7 @@
 // Angles without points.
 #include "kex/angle.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace KEX {
 namespace {
@@ -12,7 +12,8 @@ int sector(double angle, int count, double tolAngle)
 {
     const double from0 = g_ang(angle);
     if (!std::isfinite(from0)) return 0;
-    const double snap = std::fmin(std::fmax(tolAngle, 0.0), kTwoPi);
+    // Whatever the tolerance, a part comes out.
+    const double snap = tolAngle > 0.0 ? std::min(tolAngle, kTwoPi) : 0.0;
     const int part = static_cast<int>((from0 + snap) * count / kTwoPi);
     return part % count + 1;
 }
@@ -42,9 +43,8 @@ double g_w_3eck(double a, double b, double c)
 {
     if (a == 0.0 || b == 0.0) return 0.0; // exact: the cosine has no denominator
     const bool turned = (a < 0.0) != (b < 0.0);
-    double x = std::abs(a), y = std::abs(b);
+    const double x = std::max(std::abs(a), std::abs(b)), y = std::min(std::abs(a), std::abs(b));
     const double z = std::abs(c);
-    if (x < y) std::swap(x, y);
     // The brackets matter: each difference is of neighbours in size, so that nothing is lost.
     const double beyond0 = y >= z ? z - (x - y) : y - (x - z);
     const double belowPi = (x - z) + y;

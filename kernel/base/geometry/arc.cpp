@@ -21,7 +21,7 @@ struct ThreePoints
 {
     CKexVector3d chord, toStart, toEnd; // p1 to p3, p2 to p1, p2 to p3
     double cross, dot;                  // of toStart and toEnd; a left turn has a negative cross
-    double size;                        // product of their lengths
+    double size2;                       // product of their squared lengths
     Three place;
 
     ThreePoints(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKexPoint3d& p3,
@@ -32,14 +32,14 @@ struct ThreePoints
           cross(crossXY(toStart, toEnd)),
           dot(dotXY(toStart, toEnd))
     {
-        const double length = chord.lengthXY(), start = toStart.lengthXY(), end = toEnd.lengthXY();
-        size = start * end;
+        const double chord2 = dotXY(chord, chord), start2 = dotXY(toStart, toStart),
+                     end2 = dotXY(toEnd, toEnd), tol2 = tolLength * tolLength;
+        size2 = start2 * end2;
         // Numbers beyond the finite ones make no arc either.
-        const bool apart = length > tolLength && start > tolLength && end > tolLength &&
-                           std::isfinite(size) && std::isfinite(cross);
+        const bool apart = chord2 > tol2 && start2 > tol2 && end2 > tol2 && std::isfinite(size2);
         // Twice the triangle's area is the chord times its height.
         if (!apart) place = Three::coincide;
-        else if (std::abs(cross) >= length * tolLength && cross != 0.0) place = Three::arc;
+        else if (cross * cross >= chord2 * tol2 && cross != 0.0) place = Three::arc;
         else place = dot < 0.0 ? Three::straight : Three::back;
     }
 };
@@ -72,7 +72,7 @@ bool g_arc3p_bulg(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKexPoint3
     if (three.place == Three::straight) return true;
     // The path's legs are -toStart and toEnd: its turn has the sine -cross and the cosine -dot, and
     // tan(turn/2) is written without a difference of neighbours.
-    const double size = std::sqrt(three.cross * three.cross + three.dot * three.dot);
+    const double size = std::sqrt(three.size2);
     bulge =
         three.dot <= 0.0 ? -three.cross / (size - three.dot) : -(size + three.dot) / three.cross;
     return true;

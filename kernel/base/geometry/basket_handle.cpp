@@ -28,6 +28,7 @@ std::optional<BasketHandle5> g_korb_5m(double w, double h)
 {
     if (!(w > 0.0) || !(h > 0.0)) return std::nullopt;
     const double s = 0.5 * w, q = h / s, root = std::sqrt(q);
+    if (!(q > 0.0) || !std::isfinite(1.0 / q)) return std::nullopt; // beyond what numbers hold
     // Centres and differences of radii, over s·(1 - q): M1 = (1 + q, 0), M3 = (0, -(1 + q)/q).
     const CKexPoint3d springing(1.0 + q, 0.0), crown(0.0, -(1.0 + q) / q);
     const double steps = (1.0 + root + q) / (1.0 + root);

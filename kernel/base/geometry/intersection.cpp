@@ -3,8 +3,6 @@
 // drawing in the world costs nothing but the last bit of its coordinates.
 #include "kex/intersection.h"
 
-#include <algorithm>
-
 namespace KEX {
 namespace {
 
@@ -44,9 +42,7 @@ FewPoints g_cli(const CKexPoint3d& centre, double r, const CKexPoint3d& p1, cons
     const double length = way.lengthXY();
     if (!(r > 0.0) || !(length > tolLength)) return {};
     const CKexVector3d along = way * (1.0 / length);
-    const CKexVector3d from1 = p1 - centre, from2 = p2 - centre;
-    const CKexVector3d& nearer = dotXY(from1, from1) <= dotXY(from2, from2) ? from1 : from2;
-    const double left = crossXY(along, nearer); // of the line, from the centre
+    const double left = crossXY(along, p1 - centre); // of the line, from the centre
     const CKexVector3d foot = along.perpXY() * left;
     const double gap = r - std::abs(left);
     if (!(gap >= -tolLength)) return {};
@@ -110,17 +106,20 @@ std::optional<CKexPoint3d> g_int_ll(const CKexPoint3d& p1, const CKexPoint3d& p2
                                     double tolLength, double tolAngle)
 {
     const CKexVector3d first = p2 - p1, second = p4 - p3, between = p3 - p1;
-    const double length1 = first.lengthXY(), length2 = second.lengthXY();
-    const double cross = crossXY(first, second);
-    const bool meet = length1 > tolLength && length2 > tolLength &&
-                      std::abs(cross) > tolAngle * length1 * length2;
+    const double size1 = dotXY(first, first), size2 = dotXY(second, second); // squared lengths
+    const double cross = crossXY(first, second), tol2 = tolLength * tolLength;
+    const bool meet =
+        size1 > tol2 && size2 > tol2 && cross * cross > tolAngle * tolAngle * (size1 * size2);
     if (!meet) return std::nullopt;
     const double at1 = crossXY(between, second) / cross; // shares of the segments
-    const double at2 = crossXY(between, first) / cross;
-    const auto beyond = [tolLength](double at, double length) {
-        return at * length < -tolLength || (at - 1.0) * length > tolLength;
-    };
-    if (segments && (beyond(at1, length1) || beyond(at2, length2))) return std::nullopt;
+    if (segments) {
+        const double at2 = crossXY(between, first) / cross;
+        const auto beyond = [tolLength](double at, double size) {
+            const double length = std::sqrt(size);
+            return at * length < -tolLength || (at - 1.0) * length > tolLength;
+        };
+        if (beyond(at1, size1) || beyond(at2, size2)) return std::nullopt;
+    }
     return p1 + first * at1;
 }
 

@@ -1,36 +1,23 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "kex/line.h"
 
-#include <algorithm>
-
 namespace KEX {
-namespace {
-
-/// The end of a line nearer to p: what is computed from it loses least.
-const CKexPoint3d& nearerEnd(const CKexPoint3d& p, const CKexPoint3d& a, const CKexPoint3d& b)
-{
-    const CKexVector3d toA = a - p, toB = b - p;
-    return toA.dot(toA) <= toB.dot(toB) ? a : b;
-}
-
-} // namespace
-
 int g_side(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKexPoint3d& p, double tolLength)
 {
     const CKexVector3d way = p2 - p1;
     const double length = way.lengthXY();
     if (!(length > tolLength)) return 0;
-    const double left = crossXY(way, p - nearerEnd(p, p1, p2)) / length;
+    const double left = crossXY(way, p - p1) / length;
     return left > tolLength ? 1 : left < -tolLength ? -1 : 0;
 }
 
 std::optional<CKexPoint3d> g_lotp(const CKexPoint3d& p, const CKexPoint3d& a, const CKexPoint3d& b,
                                   double tolLength)
 {
-    if (a.isEqualTo(b, tolLength)) return std::nullopt;
     const CKexVector3d way = b - a;
-    const CKexPoint3d& base = nearerEnd(p, a, b);
-    return base + way * (way.dot(p - base) / way.dot(way));
+    const double size2 = way.dot(way);
+    if (!(size2 > tolLength * tolLength)) return std::nullopt;
+    return a + way * (way.dot(p - a) / size2);
 }
 
 std::optional<double> g_lot(const CKexPoint3d& p, const CKexPoint3d& a, const CKexPoint3d& b,
@@ -44,10 +31,9 @@ std::optional<double> g_lot(const CKexPoint3d& p, const CKexPoint3d& a, const CK
 std::optional<CKexPoint3d> g_line_pt(const CKexPoint3d& p1, const CKexPoint3d& p2,
                                      const CKexPoint3d& p, double tolLength)
 {
-    const CKexPoint3d& base = nearerEnd(p, p1, p2);
-    if (p.isEqualTo(base, tolLength)) return p;
-    const CKexVector3d way = p2 - p1, to = p - base;
-    const double length = way.length(), along = way.dot(p - p1);
+    if (p.isEqualTo(p1, tolLength) || p.isEqualTo(p2, tolLength)) return p;
+    const CKexVector3d way = p2 - p1, to = p - p1;
+    const double length = way.length(), along = way.dot(to);
     const bool between = along >= 0.0 && along <= length * length;
     if (!between || !(way.cross(to).length() <= tolLength * length)) return std::nullopt;
     return p;
@@ -56,9 +42,11 @@ std::optional<CKexPoint3d> g_line_pt(const CKexPoint3d& p1, const CKexPoint3d& p
 double g_line_dist(const CKexPoint3d& p, const CKexPoint3d& a, const CKexPoint3d& b,
                    double tolLength)
 {
-    if (a.isEqualTo(b, tolLength)) return p.distanceTo(a);
-    const CKexVector3d way = b - a;
-    return way.cross(p - nearerEnd(p, a, b)).length() / way.length();
+    const CKexVector3d way = b - a, to = p - a;
+    const double size2 = way.dot(way);
+    if (!(size2 > tolLength * tolLength)) return to.length();
+    const CKexVector3d cross = way.cross(to);
+    return std::sqrt(cross.dot(cross) / size2);
 }
 
 std::optional<Line> g_line_near(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKexPoint3d& p3,

@@ -21,6 +21,7 @@ class Grid
 public:
     explicit Grid(double step) : step_(step)
     {
+        if (step >= 1.0) return;
         const double perUnit = std::round(1.0 / step);
         if (perUnit > 1.0 && 1.0 / perUnit == step) perUnit_ = perUnit; // 0.01 is 1/100, rounded
     }

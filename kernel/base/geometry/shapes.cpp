@@ -117,7 +117,8 @@ public:
                 b * dotXY(q, q - chord) - 0.5 * (1.0 - b * b) * crossXY(chord, q);
             most = std::max(most, std::abs(equation));
         }
-        return 2.0 * most / (chord.lengthXY() * (1.0 + b * b));
+        const double gradient = 0.5 * chord.lengthXY() * (1.0 + b * b);
+        return gradient > 0.0 ? most / gradient : 0.0; // no length, no distance
     }
 
 private:

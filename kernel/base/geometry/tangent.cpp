@@ -8,10 +8,10 @@ FewPoints g_tang_pc(const CKexPoint3d& p, const CKexPoint3d& centre, double r, d
     const double d = way.lengthXY();
     if (!(r > 0.0) || !(d >= r - tolLength)) return {};
     if (d <= r + tolLength) return FewPoints(p);
-    const double back = r * (r / d);
-    const double aside = r * (std::sqrt((d - r) * (d + r)) / d);
-    const CKexVector3d along = way * (1.0 / d), left = along.perpXY() * aside;
-    const CKexVector3d middle = along * -back;
+    const CKexVector3d along = way * (1.0 / d);
+    const double share = r / d;
+    const CKexVector3d left = along.perpXY() * (share * std::sqrt((d - r) * (d + r)));
+    const CKexVector3d middle = along * (-r * share);
     return FewPoints(centre + (middle + left), centre + (middle - left));
 }
 

@@ -6,7 +6,7 @@
 //
 // Curves that touch within `tolLength` have one common point, between them. Results lie on both
 // curves within 8 ε times the largest distance that goes in (radii, centre to centre, centre to the
-// nearer point of the line) and the last bit of their coordinates, ε the precision of double: also
+// first point of the line) and the last bit of their coordinates, ε the precision of double: also
 // for nearly tangent curves, where the place along them is worse known than that.
 #pragma once
 

@@ -66,7 +66,7 @@ KEX_BASE_API int g_side(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKex
 
 /// Lot, the foot of the perpendicular from p onto the infinite line a-b, in space; nothing when a
 /// and b are one. Exchanging a and b changes nothing but the last bits. Error: at most 4 ε times
-/// the distance of p from the nearer of a and b, and the last bit of the coordinates.
+/// the largest distance between the points, and the last bit of the coordinates.
 KEX_BASE_API std::optional<CKexPoint3d> g_lotp(const CKexPoint3d& p, const CKexPoint3d& a,
                                                const CKexPoint3d& b,
                                                double tolLength = CKexPoint3d::tol);
