@@ -65,6 +65,7 @@ Acad::ErrorStatus Database::deepCloneObjects(const AcDbObjectIdArray& objects, A
         gather(drawing_, objects, drawing_, owner, Taken::kept, places, below);
     if (status != Acad::eOk) return status;
     fill(map, drawing_, drawing_, copyWithin(drawing_, places, below));
+    events_.tell();
     return Acad::eOk;
 }
 
@@ -91,6 +92,7 @@ Acad::ErrorStatus Database::wblockCloneObjects(const AcDbObjectIdArray& objects,
     }
     const std::string name = std::filesystem::path(source->path()).stem().string();
     fill(map, *from, drawing_, copyBetween(*from, places, drawing_, below, taken, name));
+    events_.tell();
     return Acad::eOk;
 }
 

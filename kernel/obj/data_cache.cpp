@@ -152,6 +152,7 @@ private:
     std::shared_ptr<CKexDataItem> load(AcDbObjectId id, bool create);
     bool write(AcDbObjectId id, Entry& entry);
     void refresh();
+    static AcDbObjectId holderOf(AcDbObjectId id);
     static AcDbObjectId homeOf(AcDbObjectId id, const Entry& entry);
     bool isStillGood(AcDbObjectId id, Entry& entry);
 
@@ -284,13 +285,20 @@ void Cache::dropUnused()
     limit_ = std::max(kManyItems, 2 * entries_.size());
 }
 
+/// The object under which an item is kept: for an object's data xrecord that object.
+AcDbObjectId Cache::holderOf(AcDbObjectId id)
+{
+    if (id.objectClass() != AcDbXrecord::desc()) return id;
+    const OpenObject<AcDbXrecord> record(id);
+    const AcDbObjectId object = record ? objectOf(*record) : AcDbObjectId();
+    return object.isNull() ? id : object;
+}
+
 /// The object that the item belongs to now: its xrecord may hold the data of another one.
 AcDbObjectId Cache::homeOf(AcDbObjectId id, const Entry& entry)
 {
-    if (entry.record == id) return id;
-    const OpenObject<AcDbXrecord> record(entry.record);
-    const AcDbObjectId object = record ? objectOf(*record) : AcDbObjectId();
-    return object.isNull() ? id : object;
+    const AcDbObjectId holder = holderOf(entry.record);
+    return holder == entry.record ? id : holder;
 }
 
 /// Brings the places of an item up to date. False when it must be read again, or never more.
@@ -367,6 +375,7 @@ std::shared_ptr<CKexDataItem> Cache::item(AcDbObjectId id, bool create)
 {
     refresh();
     if (id.isErased()) return nullptr;
+    id = holderOf(id);
     const auto found = entries_.find(idOf(id));
     if (found == entries_.end()) return load(id, create);
     Entry& entry = found->second;
@@ -395,6 +404,7 @@ bool Cache::write(AcDbObjectId id, Entry& entry)
 bool Cache::flush(AcDbObjectId id)
 {
     refresh();
+    id = holderOf(id);
     const auto found = entries_.find(idOf(id));
     if (found == entries_.end() || !found->second.changed) return true;
     const DocumentLock lock(found->second.database);

@@ -5,6 +5,7 @@
 #include "random_tree.h"
 
 #include "kexobj/data_cache.h"
+#include "kexobj/dictionaries.h"
 
 #include <functional>
 
@@ -116,8 +117,15 @@ TEST_F(CacheTest, XrecordsHoldItemsOfTheirOwn)
     const AcDbObjectId record = dataRecord(id);
     EXPECT_EQ(cached(record), 1);
     ASSERT_TRUE(change(record, 2));
+    EXPECT_EQ(cached(id), 2); // an object and its record have one item
     EXPECT_TRUE(KEX::xd_flush(record));
-    EXPECT_EQ(cached(id), 2);
+    EXPECT_EQ(stored(id), 2);
+
+    const AcDbObjectId named = KEX::dictXrecId(nullptr, KT("KEX_TEST\\R"), true);
+    ASSERT_TRUE(change(named, 3));
+    EXPECT_EQ(stored(named), -1);
+    EXPECT_TRUE(KEX::xd_close(false));
+    EXPECT_EQ(stored(named), 3);
 }
 
 /// Ways in which the item of a line changes underneath; all leave the number 7, or none (-1).

@@ -7,8 +7,9 @@
 // An item whose xrecord changes underneath, by whatever it is (lists, classes, UNDO), is read again
 // when it is asked for. Changes of its own that are not written yet are kept and written over the
 // others, which the user is told. An item follows its xrecord when objects swap their ids; one that
-// has none yet stays with the id, so what was changed is flushed before a swap. Items of erased
-// objects wait for their return; they are written, too. LISP thread only.
+// has none yet stays with the id, and copies of objects have what is written: so flush before
+// objects are swapped or copied. Items of erased objects wait for their return; they are written,
+// too. LISP thread only.
 #pragma once
 
 #include "hostapi/objects.h"
@@ -19,11 +20,12 @@
 
 namespace KEX {
 
-/// The cached item of an object, read from the drawing when it is not in the cache. `create`: for
-/// changing; the item is an empty directory when the object has none, and it will be written. Null
-/// when the object has no data (without `create`), is erased or cannot be opened, for `create` also
-/// when it cannot be written or holds an item of a later version. Holds the item as long as the
-/// pointer lives, but a change after the next flush is not written.
+/// The cached item of an object, read from the drawing when it is not in the cache. An object and
+/// its data xrecord have one item. `create`: for changing; the item is an empty directory when the
+/// object has none, and it will be written. Null when the object has no data (without `create`), is
+/// erased or cannot be opened, for `create` also when it cannot be written or holds an item of a
+/// later version. Holds the item as long as the pointer lives, but a change after the next flush is
+/// not written.
 KEX_OBJ_API std::shared_ptr<CKexDataItem> xd_init(AcDbObjectId id, bool create);
 /// The item at a key; null when it is absent. Holds until the next call of this cache.
 KEX_OBJ_API const CKexDataItem* xd_get(AcDbObjectId id, const CKexDataKey& key = {});
