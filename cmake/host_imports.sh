@@ -12,9 +12,10 @@ declared() {
     find "$headers" -name '*.h' ! -name headless.h -exec cat {} + | sed 's|//.*||' | tr '\n' ' ' |
         grep -oE 'class (HOST_API )?[A-Za-z]+|HOST_API [^(;{]+\(' | grep -oE '[A-Za-z_0-9]+ *\(?$' | tr -d ' ('
 }
-# "mangled name<tab>plain name" of what is imported and not there. Windows' own functions end in @ and a number.
+# "mangled name<tab>plain name" of what is imported and not there; without "__imp_" where a class of ours has a
+# function of the host's in its table. Windows' own functions end in @ and a number.
 wanted() {
-    "${prefix}nm" -u "$@" | sed -nE 's/^ *U __imp__([^@]*)$/\1/p' | sort -u >"$library.names"
+    "${prefix}nm" -u "$@" | sed -nE 's/^ *U __imp__([^@]*)$/\1/p; s/^ *U _(_Z[^@]*)$/\1/p' | sort -u >"$library.names"
     paste "$library.names" <("${prefix}c++filt" --no-strip-underscore <"$library.names")
 }
 
