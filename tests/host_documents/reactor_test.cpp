@@ -82,9 +82,9 @@ protected:
         return object;
     }
 
+    Recorder recorder_; // hears of the drawing until the host goes
     Host host_;
     Document* document_ = nullptr;
-    Recorder recorder_;
 };
 
 TEST_F(Reactors, ChangesByListsAndUndoneOnesAreTold)
@@ -160,6 +160,7 @@ TEST_F(Reactors, AReactorMayChangeOtherObjectsAndIsToldOfThat)
     toldOf(u"(entdel (entnext))");
     EXPECT_GT(answers, 10);
     EXPECT_LT(answers, 1000);
+    recorder_.answer = nullptr;
 }
 
 TEST_F(Reactors, AReactorThatIsTakenOutIsNotCalledAgain)
