@@ -6,7 +6,7 @@
 
 namespace KEX {
 
-LispFn vlOfNotation, xvx, xvl, xvll;
+LispFn vxOfNotation, vlOfNotation, vllOfNotation, xvx, xvl, xvll;
 
 inline constexpr LispRow kVertexListsRows[] = {
     {KT("kex_g_vll_acad_region"), notBuilt, KT("vll"), KT("list of en or nil")},
@@ -27,10 +27,10 @@ inline constexpr LispRow kVertexListsRows[] = {
     {KT("kex_g_xvx"), xvx, KT("vx, any data"), KT("xvx")},
     {KT("kex_g_xvl"), xvl, KT("vl, list of data"), KT("xvl")},
     {KT("kex_g_xvll"), xvll, KT("vll, list of lists of data"), KT("list of xvl")},
-    {KT("kex_g_gvx"), notBuilt, KT("vx in any notation, [num dif = 0.01]"), KT("vx or nil")},
+    {KT("kex_g_gvx"), vxOfNotation, KT("vx in any notation, [num dif = 0.01]"), KT("vx or nil")},
     {KT("kex_g_gvl"), vlOfNotation, KT("vl in any notation, [T closed], [num dif = 0.01]"),
      KT("vl or nil")},
-    {KT("kex_g_gvll"), notBuilt, KT("list of such, or el, [T closed], [num dif = 0.01]"),
+    {KT("kex_g_gvll"), vllOfNotation, KT("list of such, or el, [T closed], [num dif = 0.01]"),
      KT("vll or nil")},
 };
 

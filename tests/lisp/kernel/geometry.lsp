@@ -72,3 +72,19 @@
 ; What has no outline, or is erased, gives nil.
 (made '((0 . "POINT") (10 0.0 0.0 0.0))) ; => nil
 (progn (entdel ell) (kex_g_gvl ell)) ; => nil
+
+; One segment and several lists from the same notations.
+(kex_g_gvx '((0 0) (2 0)))       ; => ((0.0 0.0 0.0) (2.0 0.0 0.0) 0.0)
+(kex_g_gvx '((0 0) (2 0) 1 "edge")) ; => ((0.0 0.0 0.0) (2.0 0.0 0.0) 1.0)
+(kex_g_gvx '(((0 0) 0.5) ((2 0) 0))) ; => ((0.0 0.0 0.0) (2.0 0.0 0.0) 0.5)
+(setq line (entmakex '((0 . "LINE") (10 1.0 0.0 0.0) (11 1.0 5.0 0.0))))
+(setq disc (entmakex '((0 . "CIRCLE") (10 0.0 0.0 0.0) (40 . 1.0))))
+(kex_g_gvx line)                 ; => ((1.0 0.0 0.0) (1.0 5.0 0.0) 0.0)
+(list (kex_g_gvx disc) (kex_g_gvx "x") (kex_g_gvx nil)) ; => (nil nil nil)
+(kex_g_gvll (list line '((0 0) (1 0) (1 1)) "x" disc))
+; => ((((1.0 0.0 0.0) (1.0 5.0 0.0) 0.0)) (((0.0 0.0 0.0) (1.0 0.0 0.0) 0.0) ((1.0 0.0 0.0) (1.0 1.0 0.0) 0.0)) (((1.0 0.0 0.0) (-1.0 0.0 0.0) 1.0) ((-1.0 0.0 0.0) (1.0 0.0 0.0) 1.0)))
+(length (car (kex_g_gvll '(((0 0) (1 0) (1 1))) T))) ; => 3
+(kex_g_gvll (ssget "_X" '((0 . "LINE") (10 1.0 0.0 0.0)))) ; => ((((1.0 0.0 0.0) (1.0 5.0 0.0) 0.0)))
+(kex_g_gvll nil)                 ; => nil
+(kex_g_gvx)                      ; ! kex_g_gvx: Argument 1 ist ungültig
+(kex_g_gvll nil nil 0)           ; ! kex_g_gvll: Argument 3 ist ungültig
