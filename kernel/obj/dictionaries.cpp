@@ -105,8 +105,16 @@ std::unique_ptr<CKexDataItem> dxrGet(const CKexDataKey& record, const CKexDataKe
 AcDbObjectId dxrPut(const CKexDataKey& record, const CKexDataKey& key,
                     std::unique_ptr<CKexDataItem> item, bool create)
 {
-    const bool make = create && item != nullptr;
-    return xrPut(dictXrecId(nullptr, record, make), key, std::move(item), create);
+    AcDbObjectId xrecord = dictXrecId(nullptr, record, false);
+    const bool fresh = xrecord.isNull() && create && item != nullptr;
+    if (fresh) xrecord = dictXrecId(nullptr, record, true);
+    const AcDbObjectId written = xrPut(xrecord, key, std::move(item), create);
+    if (fresh && written.isNull()) {
+        // A record that nothing could be written into shall not stay.
+        const OpenObject<AcDbXrecord> made(xrecord, AcDb::kForWrite);
+        if (made) made->erase();
+    }
+    return written;
 }
 
 CKexString objDictName(AcDbObjectId object, bool anyOwner)

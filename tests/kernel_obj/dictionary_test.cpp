@@ -66,6 +66,21 @@ TEST_F(DictionaryTest, ItemsStandInRecordsByKeyAndKeyWithin)
     EXPECT_TRUE(record.isErased());
 }
 
+TEST_F(DictionaryTest, ARefusedItemLeavesNoNewRecordBehind)
+{
+    const CKexDataItem elsewhere(nameOf(line())); // a name of another drawing
+    newDrawing();
+    const auto put = [&] {
+        return KEX::dxrPut(KT("KEX_TEST\\R"), KT("A"), std::make_unique<CKexDataItem>(elsewhere));
+    };
+    EXPECT_TRUE(put().isNull());
+    EXPECT_TRUE(KEX::dictXrecId(nullptr, KT("KEX_TEST\\R"), false).isNull());
+    const auto one = std::make_unique<CKexDataItem>(1);
+    ASSERT_FALSE(KEX::dxrPut(KT("KEX_TEST\\R"), {}, std::make_unique<CKexDataItem>(1)).isNull());
+    EXPECT_TRUE(put().isNull());
+    EXPECT_EQ(*KEX::dxrGet(KT("KEX_TEST\\R")), *one);
+}
+
 TEST_F(DictionaryTest, NamesAreToldOnlyBelowTheRootUnlessAnyOwnerCounts)
 {
     const AcDbObjectId id = line();
