@@ -136,6 +136,16 @@ int el_trans(const CKexEnameArray& list, const CKexMatrix3d& map)
         std::ranges::count_if(list, [&](const CKexEname& name) { return e_trans(name, map); }));
 }
 
+CKexArrayTempl<Region> el_regl(const CKexEnameArray& list, double tolJoin)
+{
+    CKexArrayTempl<CKexVertexArray> curves;
+    for (const CKexEname& name : list) {
+        const auto curve = EntityCurve::of(name, tolJoin);
+        if (curve && !curve->isTilted()) curves.append(curve->list());
+    }
+    return g_regions(vl_loops(curves, tolJoin));
+}
+
 CKexEnameArray el_sort(const CKexEnameArray& list, double w, bool last)
 {
     struct Member

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "geom/entity_place.h"
+#include "kex/regions.h"
 #include "kex/vertex.h"
 
 namespace KEX {
@@ -29,6 +30,9 @@ int el_trans(const CKexEnameArray& list, const CKexMatrix3d& map);
 /// member points to among the others, its copy points to among the copies. Empty, and no copies,
 /// when one of them cannot be copied or mapped.
 CKexEnameArray el_copy(const CKexEnameArray& list, const std::optional<CKexMatrix3d>& map);
+/// Regions enclosed by the members' curves, joined end to end within `tolJoin` (vl_loops,
+/// g_regions). Tilted members are not looked at.
+CKexArrayTempl<Region> el_regl(const CKexEnameArray& list, double tolJoin);
 /// The members by the smallest, with `last` the largest, coordinate of their boxes along direction
 /// w (radians, in XY); ties in given order, members without a box at the end.
 CKexEnameArray el_sort(const CKexEnameArray& list, double w, bool last);

@@ -43,7 +43,7 @@ inline constexpr LispRow kEntityListRows[] = {
     {KT("kex_g_el_trans"), adapt<el_trans>, KT("el, mtx"), KT("int")},
     {KT("kex_g_el_copy"), adapt<el_copy>, KT("el, [mtx]"), KT("list of en or nil")},
     {KT("kex_g_el_int"), adapt<el_int>, KT("el, [T self]"), KT("list of pt or nil")},
-    {KT("kex_g_el_regl"), notBuilt, KT("el"), KT("regl or nil")},
+    {KT("kex_g_el_regl"), adapt<el_regl, fabricationTolerance>, KT("el"), KT("regl or nil")},
     {KT("kex_g_el_win"), adapt<el_win>, KT("el, pt p1, pt p2, [T crossing]"),
      KT("list of en or nil")},
     {KT("kex_g_el_sort"), adapt<el_sort>, KT("el, num w, [T last]"), KT("list of en")},

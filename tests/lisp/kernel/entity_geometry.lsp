@@ -144,3 +144,15 @@
 (equal (kex_g_el_win (list ground wheel short text) '(4 6 0) '(2 0 0) T) (list ground wheel short text)) ; => T
 (kex_g_el_win (list wheel upright) '(1 1 0) '(2 2 0) T) ; => nil
 (kex_g_e_inters ground wheel 4) ; ! kex_g_e_inters: Argument 3 ist ungültig
+
+; -- regions: a frame of four lines that do not quite meet, a round hole, a disc in it, a piece apart
+(setq frame (mapcar '(lambda (p q) (line-of p q)) '((0.0 50.0 0.0) (100.0 50.0 0.0) (100.0005 100.0 0.0) (0.0 100.0 0.0)) '((100.0 50.0 0.0) (100.0 100.0 0.0) (0.0 100.0 0.0) (0.0 50.0001 0.0))))
+(defun disc (x y r) (entmakex (list '(0 . "CIRCLE") (list 10 x y 0.0) (cons 40 r))))
+(setq regions (kex_g_el_regl (append frame (list (disc 30.0 75.0 20.0) (disc 30.0 75.0 5.0) (disc 200.0 0.0 9.0) text (line-of '(0.0 0.0 0.0) '(5.0 5.0 0.0))))))
+(mapcar 'length regions) ; => (2 1 1)
+(defun signed (vl) (car (kex_g_solid_vol (kex_g_solid_extr vl 1))))
+(equal (mapcar 'signed regions) (list (- 5000 (* 400 pi)) (* 81 pi) (* 25 pi)) 0.1) ; => T
+(equal (caar (caar regions)) '(0.0 50.0 0.0) 1e-3) ; => T
+(mapcar '(lambda (vl) (if (minusp (caddr (car vl))) "cw" "ccw")) (list (cadr (car regions)) (car (cadr regions)))) ; => ("cw" "ccw")
+(kex_g_el_regl (cdr frame)) ; => nil
+(kex_g_el_regl nil) ; => nil
