@@ -118,6 +118,8 @@ void Document::releasePickset(std::int32_t set) { host_.selectionSets().letGo(se
 
 bool Document::takeInterrupt() { return host_.takeInterrupt(); }
 
+bool Document::lacksFunction(std::u16string_view name) { return isFunctionElsewhere(name); }
+
 void Document::commandDefined(std::u16string_view name, bool defined)
 {
     const std::u16string command(name);

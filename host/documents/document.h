@@ -84,6 +84,7 @@ private:
     void releasePickset(std::int32_t set) override;
     bool takeInterrupt() override;
     void commandDefined(std::u16string_view name, bool defined) override;
+    bool lacksFunction(std::u16string_view name) override;
     std::optional<lisp::Value> systemVariable(std::u16string_view name) override;
 
     Host& host_;

@@ -5,9 +5,9 @@ namespace orvald {
 
 void defineDrawingFunctions(lisp::World& world)
 {
-    for (const auto& table :
-         {entityFunctions(), selectionFunctions(), tableFunctions(), systemFunctions(),
-          commandFunctions(), graphicsFunctions(), inputFunctions()}) {
+    for (const auto& table : {entityFunctions(), selectionFunctions(), tableFunctions(),
+                              systemFunctions(), commandFunctions(), graphicsFunctions(),
+                              curveFunctions(), automationFunctions(), inputFunctions()}) {
         world.define(table);
     }
     world.setSymbol(u"PAUSE", world.makeString(u"\\")); // where a command waits for the user

@@ -117,6 +117,8 @@ public:
     // -- errors
     [[noreturn]] void raise(std::u16string message, LispError::Sort sort = LispError::Sort::error);
     [[noreturn]] void raiseAt(const FormNode* call, std::u16string message);
+    /// What to say of a call of a name without a function.
+    std::u16string undefined(std::u16string_view name) const;
     [[noreturn]] void badArgument(std::u16string_view what, Value value);
     [[noreturn]] void raiseOverflow();
     [[noreturn]] void exitWithValue(Value value);

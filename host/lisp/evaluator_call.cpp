@@ -6,6 +6,8 @@
 #include "compiler.h"
 #include "printer.h"
 
+#include "text/letters.h"
+
 namespace orvald::lisp {
 
 namespace {
@@ -30,6 +32,14 @@ Value Evaluator::callSubr(Subr* subr, const FormNode* call, Value* base)
     return result;
 }
 
+std::u16string Evaluator::undefined(std::u16string_view name) const
+{
+    std::u16string said(name);
+    if (!world.host().lacksFunction(name)) return u"no function definition: " + said;
+    for (char16_t& unit : said) unit = text::lowerUnit(unit); // as people write it
+    return said + u": not available in this host";
+}
+
 Value Evaluator::callValue(Value function, const FormNode* call, Value* base)
 {
     if (function.isObject()) {
@@ -46,7 +56,7 @@ Value Evaluator::callValue(Value function, const FormNode* call, Value* base)
         case Kind::exrxsubr: {
             auto* external = static_cast<External*>(object);
             if (external->function == nullptr) {
-                raiseAt(call, u"no function definition: " + external->name);
+                raiseAt(call, undefined(external->name));
             }
             currentCall = call;
             const Value result =
@@ -60,8 +70,7 @@ Value Evaluator::callValue(Value function, const FormNode* call, Value* base)
         currentCall = call;
         return callValue(Value::object(lambdaOf(function.asCons())), call, base);
     } else if (function.isNil() && call != nullptr && call->form->car.isSymbol()) {
-        raiseAt(call,
-                u"no function definition: " + std::u16string(call->form->car.asSymbol()->name));
+        raiseAt(call, undefined(call->form->car.asSymbol()->name));
     }
     raiseAt(call, u"bad function: " + printedText(function, Quoting::quoted));
 }
@@ -72,7 +81,7 @@ Value Evaluator::resolveFunction(Value designator)
     if (designator.isSymbol()) {
         function = designator.asSymbol()->value;
         if (function.isNil()) {
-            raise(u"no function definition: " + std::u16string(designator.asSymbol()->name));
+            raise(undefined(designator.asSymbol()->name));
         }
     }
     if (function.isCons()) return Value::object(lambdaOf(function.asCons()));

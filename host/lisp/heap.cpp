@@ -369,6 +369,10 @@ void Heap::destroy(Object* object)
         delete file;
         break;
     }
+    case Kind::vlaObject:
+        objectBytes_ -= sizeof(VlaObject);
+        delete static_cast<VlaObject*>(object);
+        break;
     case Kind::caughtError:
         objectBytes_ -= sizeof(CaughtError);
         delete static_cast<CaughtError*>(object);

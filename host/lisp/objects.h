@@ -80,6 +80,13 @@ struct File : Object
     bool writes = false;
 };
 
+/// Stands for an object of the host's automation interface; its class is all that it has.
+struct VlaObject : Object
+{
+    VlaObject() : Object(Kind::vlaObject) {}
+    std::u16string className;
+};
+
 struct CaughtError : Object
 {
     CaughtError() : Object(Kind::caughtError) {}

@@ -96,6 +96,11 @@ void appendObject(std::u16string& text, const Object* object, Quoting quoting)
         appendQuoted(text, static_cast<const File*>(object)->name);
         text.push_back(u'>');
         break;
+    case Kind::vlaObject:
+        text += u"#<VLA-OBJECT ";
+        text += static_cast<const VlaObject*>(object)->className;
+        text.push_back(u'>');
+        break;
     default: text += u"#<%catch-all-apply-error%>";
     }
 }

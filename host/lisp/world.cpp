@@ -23,6 +23,8 @@ Kind Value::kind() const
 
 std::u16string_view Value::asString() const { return stringOf(*this); }
 
+bool WorldHost::lacksFunction(std::u16string_view) { return false; }
+
 std::optional<Value> WorldHost::systemVariable(std::u16string_view) { return std::nullopt; }
 
 std::string WorldHost::filePath(std::u16string_view name)
@@ -99,6 +101,18 @@ Value World::makePickset(std::int32_t set)
     pickset->set = set;
     pickset->host = &host_;
     return Value::object(pickset);
+}
+
+Value World::makeVlaObject(std::u16string_view className)
+{
+    auto* object = evaluator_->heap.make<VlaObject>();
+    object->className = className;
+    return Value::object(object);
+}
+
+std::u16string_view World::vlaClass(Value object) const
+{
+    return static_cast<const VlaObject*>(object.asObject())->className;
 }
 
 std::int32_t World::picksetNumber(Value pickset) const

@@ -27,6 +27,7 @@ Value type(World& world, Args args)
     case Kind::exrxsubr: return named(u"EXRXSUBR");
     case Kind::pickset: return named(u"PICKSET");
     case Kind::file: return named(u"FILE");
+    case Kind::vlaObject: return named(u"VLA-OBJECT");
     case Kind::caughtError: break;
     }
     return named(u"%CATCH-ALL-APPLY-ERROR%");

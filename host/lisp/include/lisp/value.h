@@ -30,6 +30,7 @@ enum class Kind : std::uint8_t
     exrxsubr, // defined by an application
     pickset,
     file,
+    vlaObject,  // an automation object
     caughtError // what vl-catch-all-apply returns after an error
 };
 

@@ -122,6 +122,9 @@ public:
     virtual bool takeInterrupt() = 0;
     /// A "c:" function was defined or removed.
     virtual void commandDefined(std::u16string_view name, bool defined) = 0;
+    /// True for a function of the language that this host does not have: the error of a call says
+    /// so. `name` in upper case.
+    virtual bool lacksFunction(std::u16string_view name);
     /// Value of a system variable that steers the conversion of numbers to text (LUNITS, LUPREC,
     /// AUNITS, AUPREC, UNITMODE, DIMZIN); nothing: the default of a new drawing.
     virtual std::optional<Value> systemVariable(std::u16string_view name);
@@ -190,6 +193,8 @@ public:
     Value makeList(std::initializer_list<Value> items);
     Value makePickset(std::int32_t set);
     std::int32_t picksetNumber(Value pickset) const;
+    Value makeVlaObject(std::u16string_view className);
+    std::u16string_view vlaClass(Value object) const; // of a value of that kind
     Value t() const { return t_; }
     Value boolean(bool value) const { return value ? t_ : Value::nil(); }
 
