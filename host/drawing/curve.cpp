@@ -86,15 +86,6 @@ Pieces polylinePieces(const PolylineView& view)
     return pieces;
 }
 
-Pieces leaderPieces(const Record& record)
-{
-    PolylineView view;
-    view.spatial = true;
-    for (const Tag tag : record.tags)
-        if (tag.code() == 10) view.vertices.push_back({tag.point()});
-    return polylinePieces(view);
-}
-
 Pieces splinePieces(const SplineView& spline)
 {
     Pieces pieces;
@@ -103,6 +94,22 @@ Pieces splinePieces(const SplineView& spline)
         pieces.push_back({from, to, std::move(bezier)});
     }
     return pieces;
+}
+
+Pieces leaderPieces(const Record& record)
+{
+    std::vector<Point> bends;
+    for (const Tag tag : record.tags)
+        if (tag.code() == 10) bends.push_back(tag.point());
+    if (constexpr int kSmooth = 1; record.tags.integer(72) == kSmooth) {
+        SplineView spline;
+        spline.fits = std::move(bends);
+        return splinePieces(spline);
+    }
+    PolylineView view;
+    view.spatial = true;
+    for (const Point bend : bends) view.vertices.push_back({bend});
+    return polylinePieces(view);
 }
 
 Pieces piecesOf(const Drawing& drawing, Index entity)

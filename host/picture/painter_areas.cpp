@@ -54,7 +54,7 @@ void appendEdge(Path& path, const HatchEdge& edge, double scale)
         break;
     }
     case HatchEdge::Type::spline: {
-        Spline spline;
+        drawing::SplineView spline;
         spline.degree = edge.degree;
         spline.knots = edge.knots;
         spline.weights = edge.weights;

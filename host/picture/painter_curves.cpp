@@ -186,7 +186,7 @@ void Painter::points(const std::vector<Point>& points, bool closed, const Look& 
 
 void Painter::spline(const Record& record, const Look& look, const Place& place)
 {
-    points(splinePoints(splineOf(record), scaleOf(place.map)), false, look, place);
+    points(splinePoints(drawing::splineView(record), scaleOf(place.map)), false, look, place);
 }
 
 void Painter::leader(const Record& record, const Look& look, const Place& place)
@@ -211,7 +211,7 @@ void Painter::leader(const Record& record, const Look& look, const Place& place)
     const bool arrow = record.tags.integer(71, 1) != 0 && size > 0.0 && first >= 2.0 * size;
     std::vector<Point> curve = bends;
     if (record.tags.integer(72) == 1) {
-        Spline spline;
+        drawing::SplineView spline;
         spline.fits = bends;
         curve = splinePoints(spline, scaleOf(place.map));
     }
