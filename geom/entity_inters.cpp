@@ -82,7 +82,7 @@ bool passes(const CKexPoint3d& p, const CKexPoint3d& q, const Window& window)
     double from = 0.0, to = 1.0;
     const auto clip = [&](double start, double way, double least, double most) {
         if (way == 0.0) return start >= least && start <= most;
-        const auto [near, far] = std::minmax((least - start) / way, (most - start) / way);
+        const auto [near, far] = std::minmax({(least - start) / way, (most - start) / way});
         from = std::max(from, near);
         to = std::min(to, far);
         return from <= to;
