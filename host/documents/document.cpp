@@ -2,6 +2,7 @@
 #include "document.h"
 
 #include "application.h"
+#include "commands/command_line.h"
 #include "database.h"
 #include "drawing_functions.h"
 #include "dxf/dxf.h"
@@ -30,6 +31,7 @@ Document::Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::s
       fileName_(nameOf(path_)),
       database_(std::make_unique<Database>(*drawing_)),
       variables_(*this),
+      commandLine_(std::make_unique<CommandLine>(*this)),
       world_(*this)
 {
     defineDrawingFunctions(world_);

@@ -17,6 +17,7 @@
 namespace orvald {
 
 class Application;
+class CommandLine;
 class Database;
 class Host;
 
@@ -35,6 +36,7 @@ public:
     SystemVariables& variables() { return variables_; }
     TemporaryGraphics& graphics() { return graphics_; }
     UserState& user() { return user_; }
+    CommandLine& commandLine() { return *commandLine_; }
     const std::string& path() const { return path_; }
     /// Writes the drawing after the modules have had kSaveMsg; empty, or what went wrong.
     std::string save(const std::string& path);
@@ -97,6 +99,7 @@ private:
     SystemVariables variables_;
     TemporaryGraphics graphics_;
     UserState user_;
+    std::unique_ptr<CommandLine> commandLine_;
     std::vector<AcAp::DocLockMode> locks_; // set by applications
     int runLocks_ = 0;
     std::set<std::u16string, std::less<>> commands_;

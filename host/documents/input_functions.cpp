@@ -10,7 +10,7 @@
 #include "prompt.h"
 #include "registries.h"
 #include "text/letters.h"
-#include "typed_values.h"
+#include "typed_points.h"
 
 #include <algorithm>
 #include <cmath>
@@ -58,30 +58,6 @@ Value promptOf(Args args)
 {
     if (!args.at(0).isNil()) args.string(0);
     return args.at(0);
-}
-
-TypedUnits typedUnits(const SystemVariables& variables)
-{
-    return {variables.integer(u"LUNITS"), variables.integer(u"AUNITS"), variables.real(u"ANGBASE"),
-            variables.integer(u"ANGDIR") == 1};
-}
-
-/// The point that a text means, which becomes the last point; nothing when it is none.
-std::optional<Point> pointFrom(Document& document, std::u16string_view text,
-                               std::optional<Point> base)
-{
-    SystemVariables& variables = document.variables();
-    const std::optional<TypedPoint> typed = readPoint(text, typedUnits(variables));
-    if (!typed) return std::nullopt;
-    Point point = typed->value;
-    if (typed->world) {
-        const drawing::Transform toUser = inverseRigid(userToWorld(document.drawing()));
-        point = typed->relative ? toUser.direction(point) : toUser(point);
-    }
-    if (typed->relative) point = point + base.value_or(variables.point(u"LASTPOINT"));
-    else if (!typed->hasZ && !typed->world) point.z = variables.real(u"ELEVATION");
-    variables.setPoint(u"LASTPOINT", point);
-    return point;
 }
 
 /// Asks for the second one of two points; nothing but a point is an answer.

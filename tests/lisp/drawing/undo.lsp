@@ -19,8 +19,8 @@
 (/= (cdr (assoc 5 (entget (line 3.0)))) "0") ; => T
 
 ; -- without a mark everything goes only when that is meant
-(progn (undo "_Back") (lines)) ; => 1
-(progn (command "_.UNDO" "_Back" "_No") (lines)) ; => 1
+(progn (undo "_Back") (command "_No") (lines)) ; => 1
+(progn (undo "_Back") (command) (lines)) ; => 1
 (progn (command "_.UNDO" "_Back" "_Yes") (lines)) ; => 0
 (progn (command "_.REDO") (lines)) ; => 1
 
@@ -48,5 +48,5 @@
 (dictsearch root key) ; => nil
 ; options that do nothing here take their answers along
 (progn (command "_.UNDO" "_Control" "_All" "_.UNDO" "_Auto" "_Off" "two") (lines)) ; => 7
-(undo "_Nothing") ; => nil
-(command "_.UNDO") ; => nil
+(undo "_Nothing") ; ! Function cancelled
+(undo 0) ; ! Function cancelled

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The host's own commands, a table for each family.
+#pragma once
+
+#include "commands/command.h"
+
+#include <span>
+#include <string_view>
+
+namespace orvald {
+
+struct Verb
+{
+    std::u16string_view name; // upper case
+    Task<> (*run)(Command& command);
+    bool ownSteps = false; // takes steps back itself, so that it is none
+};
+
+std::span<const Verb> curveVerbs();    // LINE, CIRCLE, ARC, POINT, RECTANG ...
+std::span<const Verb> polylineVerbs(); // PLINE
+std::span<const Verb> textVerbs();     // TEXT
+std::span<const Verb> moveVerbs();     // ERASE, MOVE, COPY, ROTATE, SCALE, MIRROR, SELECT
+std::span<const Verb> viewVerbs();     // REGEN, REDRAW
+std::span<const Verb> undoVerbs();     // UNDO, U, REDO
+
+/// Null when the host has no such command.
+const Verb* findVerb(std::u16string_view name);
+/// True for a command that is known to programs and that this host does not have.
+bool isVerbElsewhere(std::u16string_view name);
+
+} // namespace orvald

@@ -1,0 +1,40 @@
+; Commands that move, copy and erase: how objects are selected, and where they go.
+(defun line (a b) (entmakex (list '(0 . "LINE") '(8 . "0") (cons 10 a) (cons 11 b))))
+(defun ends (e) (list (cdr (assoc 10 (entget e))) (cdr (assoc 11 (entget e)))))
+(defun near (a b) (equal a b 1e-9))
+(defun count ( / s) (if (setq s (ssget "X")) (sslength s) 0))
+(setq a (line '(0.0 0.0 0.0) '(1.0 0.0 0.0)) b (line '(0.0 1.0 0.0) '(1.0 1.0 0.0)) c (line '(0.0 2.0 0.0) '(1.0 2.0 0.0)))
+
+; -- selecting: entities, sets, what entsel answers, words; the selection is the previous one then
+(progn (command "_.SELECT" a (list b '(0 1 0)) "") (sslength (ssget "P"))) ; => 2
+(progn (command "_.SELECT" (ssget "X") "_R" a "_A" a "_R" "_L" "") (ssmemb c (ssget "P"))) ; => nil
+(progn (command "_.MOVE" "_P" "" '(0 0) '(0 0)) (sslength (ssget "P"))) ; => 2
+(progn (command "_.SELECT" "_ALL" "") (sslength (ssget "P"))) ; => 3
+(command "_.SELECT" "nothing")                             ; ! Function cancelled
+
+; -- moving: by two points, by one, by a displacement
+(progn (command "_.MOVE" a "" '(0 0) '(3 4)) (ends a))    ; => ((3.0 4.0 0.0) (4.0 4.0 0.0))
+(progn (command "_.MOVE" a "" "-3,-4" "") (ends a))       ; => ((0.0 0.0 0.0) (1.0 0.0 0.0))
+(progn (command "_.MOVE" a b "" "_D" "0,0,5") (list (ends a) (ends b))) ; => (((0.0 0.0 5.0) (1.0 0.0 5.0)) ((0.0 1.0 5.0) (1.0 1.0 5.0)))
+(progn (command "_.U") (ends a))                          ; => ((0.0 0.0 0.0) (1.0 0.0 0.0))
+(progn (command "_.MOVE" "" '(0 0) '(5 5)) (getvar "CMDACTIVE")) ; => 0
+
+; -- copying: once, or to many places; the copy is the last entity
+(progn (command "_.COPY" a "" '(0 0) "@5<90") (list (count) (near (ends (entlast)) '((0.0 5.0 0.0) (1.0 5.0 0.0))))) ; => (4 T)
+(progn (command "_.COPY" a "" "_M" '(0 0) '(1 0) '(2 0) "") (list (count) (ends (entlast)))) ; => (6 ((2.0 0.0 0.0) (3.0 0.0 0.0)))
+(progn (command "_.ERASE" "_L" "") (count))               ; => 5
+
+; -- turning, scaling, mirroring
+(progn (command "_.ROTATE" a "" '(0 0) 90) (near (ends a) '((0.0 0.0 0.0) (0.0 1.0 0.0)))) ; => T
+(progn (command "_.ROTATE" a "" '(0 0) "_R" '(0 0) '(0 1) 0) (near (ends a) '((0.0 0.0 0.0) (1.0 0.0 0.0)))) ; => T
+(progn (command "_.ROTATE" a "" '(0 0) "_C" '(-5 0)) (list (count) (near (ends (entlast)) '((0.0 0.0 0.0) (-1.0 0.0 0.0))))) ; => (6 T)
+(progn (command "_.SCALE" a "" '(1 0) 3) (ends a))        ; => ((-2.0 0.0 0.0) (1.0 0.0 0.0))
+(progn (command "_.SCALE" a "" '(1 0) "_R" 3 1) (ends a)) ; => ((0.0 0.0 0.0) (1.0 0.0 0.0))
+(command "_.SCALE" a "" '(1 0) 0)                         ; ! Function cancelled
+(progn (command "_.MIRROR" a "" '(0 0) '(1 1) "_Y") (list (count) (near (ends a) '((0.0 0.0 0.0) (0.0 1.0 0.0))))) ; => (6 T)
+(progn (command "_.MIRROR" a "" '(5 0) '(5 1) "_N") (list (count) (near (ends (entlast)) '((10.0 0.0 0.0) (10.0 1.0 0.0))))) ; => (7 T)
+
+; -- erasing; what stands on a locked layer stays as it is
+(progn (entmake '((0 . "LAYER") (100 . "AcDbSymbolTableRecord") (100 . "AcDbLayerTableRecord") (2 . "Locked") (70 . 4) (62 . 3) (6 . "Continuous"))) (setq d (entmakex '((0 . "POINT") (8 . "Locked") (10 5.0 5.0 0.0)))) (command "_.ERASE" "_ALL" "") (list (count) (cdr (assoc 0 (entget (entlast)))))) ; => (1 "POINT")
+(progn (command "_.MOVE" d "") (getvar "CMDACTIVE"))      ; => 0
+(progn (command "_.COPY" d "" '(0 0) '(1 0)) (count))     ; => 2
