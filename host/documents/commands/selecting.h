@@ -22,7 +22,7 @@ public:
     {
     }
     Taken take(const Token& token) override;
-    std::u16string_view wanted() const override { return u"objects"; }
+    std::u16string_view wanted() const override { return u"an object"; }
     /// In the order of their selection.
     std::vector<drawing::Index> await_resume();
 

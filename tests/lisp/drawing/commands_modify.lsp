@@ -29,7 +29,7 @@
 (progn (command "_.ROTATE" a "" '(0 0) "_R" '(0 0) '(0 1) 0) (near (ends a) '((0.0 0.0 0.0) (1.0 0.0 0.0)))) ; => T
 (progn (command "_.ROTATE" a "" '(0 0) "_C" '(-5 0)) (list (count) (near (ends (entlast)) '((0.0 0.0 0.0) (-1.0 0.0 0.0))))) ; => (6 T)
 (progn (command "_.SCALE" a "" '(1 0) 3) (ends a))        ; => ((-2.0 0.0 0.0) (1.0 0.0 0.0))
-(progn (command "_.SCALE" a "" '(1 0) "_R" 3 1) (ends a)) ; => ((0.0 0.0 0.0) (1.0 0.0 0.0))
+(progn (command "_.SCALE" a "" '(1 0) "_R" 3 1) (near (ends a) '((0.0 0.0 0.0) (1.0 0.0 0.0)))) ; => T
 (command "_.SCALE" a "" '(1 0) 0)                         ; ! Function cancelled
 (progn (command "_.MIRROR" a "" '(0 0) '(1 1) "_Y") (list (count) (near (ends a) '((0.0 0.0 0.0) (0.0 1.0 0.0))))) ; => (6 T)
 (progn (command "_.MIRROR" a "" '(5 0) '(5 1) "_N") (list (count) (near (ends (entlast)) '((10.0 0.0 0.0) (10.0 1.0 0.0))))) ; => (7 T)
