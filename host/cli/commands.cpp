@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "commands.h"
 
+#include "text/json.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -9,12 +11,7 @@ namespace orvald::cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool isFile(const std::string& path)
-{
-    std::error_code error;
-    return fs::exists(path, error) && !fs::is_directory(path, error);
-}
+using text::jsonText;
 
 /// The exit status behind an error, and its message with the calls that led to it.
 int report(const Session& session, const Evaluation& evaluation)
@@ -125,28 +122,15 @@ Evaluation evaluate(Session& session, const std::vector<std::string>& programs,
     return last;
 }
 
-std::string jsonText(std::string_view text)
+} // namespace
+
+bool isFile(const std::string& path)
 {
-    std::string out = "\"";
-    for (const char unit : text) {
-        if (unit == '"' || unit == '\\') {
-            out += '\\';
-            out += unit;
-        } else if (static_cast<unsigned char>(unit) < 0x20) {
-            constexpr char kHex[] = "0123456789abcdef";
-            out += "\\u00";
-            out += kHex[unit >> 4];
-            out += kHex[unit & 15];
-        } else {
-            out += unit;
-        }
-    }
-    return out + "\"";
+    std::error_code error;
+    return fs::exists(path, error) && !fs::is_directory(path, error);
 }
 
-void write(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
-
-} // namespace
+void write(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 void say(const std::string& line)
 {

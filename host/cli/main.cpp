@@ -23,11 +23,9 @@ struct Command
     std::string_view name;
     int (*run)(const Options&);
 };
-constexpr Command kCommands[] = {{"run", cli::run},
-                                 {"eval", cli::eval},
-                                 {"draw", cli::draw},
-                                 {"data", cli::data},
-                                 {"functions", cli::functions}};
+constexpr Command kCommands[] = {
+    {"run", cli::run},     {"eval", cli::eval}, {"draw", cli::draw},          {"info", cli::info},
+    {"check", cli::check}, {"data", cli::data}, {"functions", cli::functions}};
 
 int start(const std::vector<std::string>& arguments)
 {

@@ -118,6 +118,10 @@ std::string_view helpText()
       -d, --drawing FILE.dxf       in this drawing
   orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
       --overlay [PROGRAM.lsp ...]  with the temporary graphics that programs and -e EXPR draw on it
+  orvald info FILE.dxf [--json]    what is in a drawing: version, units, extents, counts by kind, layers,
+                                   layouts, blocks, external references, kinds of other applications
+  orvald check FILE.dxf [--json]   every problem in a drawing file with its line, handle and kind, then
+                                   sums by kind; errors give the exit status 2, warnings do not
   orvald data FILE.dex             print a data file as text that can be edited
   orvald data --from-text TEXT FILE.dex    write a data file from such a text
   orvald functions [WORD] [--json] the kernel's LISP functions in table order:
@@ -133,9 +137,9 @@ Common options, before or after the command:
   --version             -h, --help
 
 What the program prints goes to stdout, messages and alerts to stderr, all in UTF-8.
-Exit: 0 well; 2 the drawing or data file could not be loaded; 3 a LISP error reached the top; 4 output not
-written; 5 input wanted; 6 a fault in a module; 64 usage; 66 file missing; 70 internal;
-130 interrupted.
+Exit: 0 well; 2 the drawing or data file could not be loaded, or has errors;
+3 a LISP error reached the top; 4 output not written; 5 input wanted; 6 a fault in a module; 64 usage;
+66 file missing; 70 internal; 130 interrupted.
 )";
 }
 

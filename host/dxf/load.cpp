@@ -3,13 +3,10 @@
 #include "dxf/dxf.h"
 
 #include "mend.h"
+#include "open_file.h"
+#include "text/encoding.h"
 
-#include <cerrno>
-#include <fcntl.h>
 #include <new>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace orvald::dxf {
 namespace {
@@ -47,21 +44,10 @@ Loaded loadLines(LineSource& lines, std::string file)
 Loaded load(const std::string& path)
 {
     Loaded loaded;
-    loaded.error.file = path;
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    struct stat status
-    {
-    };
-    if (file < 0 || ::fstat(file, &status) != 0) {
-        loaded.error.reason = std::generic_category().message(errno);
-    } else if (S_ISDIR(status.st_mode)) {
-        loaded.error.reason = std::generic_category().message(EISDIR);
-    } else {
-        LineSource lines(file);
-        loaded = loadLines(lines, path);
-    }
-    if (file >= 0) ::close(file);
-    return loaded;
+    OpenFile file(path, loaded.error);
+    if (!file.isOpen()) return loaded;
+    LineSource lines(file.number());
+    return loadLines(lines, path);
 }
 
 Loaded loadText(std::string_view text, std::string name)
@@ -82,7 +68,7 @@ std::string DxfError::message() const
         if (group != kNoGroup) place += ", group " + std::to_string(group);
         part(place);
     }
-    part(reason);
+    part(text::isUtf8(reason) ? reason : text::utf8(text::utf16(reason), text::Lone::replaced));
     if (handle != 0) out += " (handle " + drawing::handleText(handle) + ")";
     return out;
 }

@@ -15,10 +15,15 @@ using drawing::Record;
 namespace {
 
 /// Versions that are read, in ascending order of their names.
-constexpr std::string_view kVersions[] = {"AC1015", "AC1018", "AC1021",
-                                          "AC1024", "AC1027", "AC1032"};
+constexpr std::string_view kVersions[] = {"AC1006", "AC1009", "AC1012", "AC1014", "AC1015",
+                                          "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
 
 } // namespace
+
+bool isReadVersion(std::string_view version)
+{
+    return std::find(std::begin(kVersions), std::end(kVersions), version) != std::end(kVersions);
+}
 
 void Parser::need()
 {
@@ -95,8 +100,7 @@ void Parser::readHeader()
         tags_.take(in_);
         if (name == "$ACADVER") {
             version_ = in_.value();
-            if (std::find(std::begin(kVersions), std::end(kVersions), version_) ==
-                std::end(kVersions))
+            if (!isReadVersion(version_) || version_ < kFirstMarkedVersion)
                 in_.fail("version " + quoted(version_) + " is not read (AC1015 to AC1032 are)");
             form_.utf8 = version_ >= "AC1021";
         }

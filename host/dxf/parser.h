@@ -9,6 +9,11 @@
 
 namespace orvald::dxf {
 
+/// True for the versions that are read: "AC1009" to "AC1032".
+bool isReadVersion(std::string_view version);
+/// From this version on (R2000) records have handles, owners and subclass markers.
+inline constexpr std::string_view kFirstMarkedVersion = "AC1015";
+
 enum class Section
 {
     tables,

@@ -2,6 +2,7 @@
 // Saving: a temporary file beside the target, flushed, read back, renamed, the folder flushed.
 #include "dxf/dxf.h"
 
+#include "open_file.h"
 #include "verify.h"
 #include "writer.h"
 
@@ -102,15 +103,10 @@ std::string realTarget(const std::string& path)
 /// Reads the text at `path` and compares it with the drawing. Throws Fail.
 void readBack(const drawing::Drawing& drawing, const std::string& path, const Writer& writer)
 {
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0)
-        throw Fail{{{}, 0, DxfError::kNoGroup, std::generic_category().message(errno), 0}};
-    struct Closer
-    {
-        int file;
-        ~Closer() { ::close(file); }
-    } closer{file};
-    LineSource lines(file);
+    DxfError error;
+    OpenFile file(path, error);
+    if (!file.isOpen()) throw Fail{error};
+    LineSource lines(file.number());
     Verifier verifier(drawing, writer.anyLeft());
     Parser(lines, verifier).run();
     if (verifier.count() != writer.count())

@@ -37,7 +37,6 @@ public:
     void clear() { list_.clear(); }
 
 private:
-    double readReal(const TagReader& in) const;
     void takeText(const TagReader& in);
     void takeBinary(const TagReader& in);
 

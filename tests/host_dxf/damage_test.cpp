@@ -3,6 +3,7 @@
 #include "dxf_support.h"
 
 #include "drawing/views.h"
+#include "dxf/audit.h"
 
 #include <chrono>
 #include <random>
@@ -281,6 +282,7 @@ TEST(Damage, RandomChangesNeverBreakTheReader)
             std::string damaged;
             for (const std::string& line : changed) damaged += line + "\n";
             expectSound(loadText(damaged));
+            auditText(damaged);
             if (testing::Test::HasFailure()) {
                 writeFile("/tmp/orvald_damaged.dxf", damaged);
                 return;

@@ -98,6 +98,30 @@ TEST_F(CommandLine, NothingIsSavedAfterAnError)
     EXPECT_FALSE(std::filesystem::exists(file("never.dxf")));
 }
 
+TEST_F(CommandLine, InfoAndCheckTellWhatIsInADrawingAndWhatIsWrong)
+{
+    ASSERT_EQ(orvald("eval '(entmake (list (quote (0 . \"LINE\")) (list 10 1.0 2.0 0.0)"
+                     " (list 11 4.0 6.5 0.0)))' -s a.dxf")
+                  .status,
+              0);
+    const Result info = orvald("info a.dxf");
+    EXPECT_EQ(info.status, 0);
+    for (const char* piece : {"AC1027 (R2013)", "mm", "1, 2, 0 to 4, 6.5, 0", "LINE", "Layout1"})
+        EXPECT_NE(info.out.find(piece), std::string::npos) << piece << "\n" << info.out;
+    const Result json = orvald("info a.dxf --json");
+    EXPECT_NE(json.out.find("\"LINE\": 1"), std::string::npos) << json.out;
+    EXPECT_EQ(orvald("check a.dxf").out, "0 errors, 0 warnings (AC1027, R2013)\n");
+    std::string text = kextest::readFile(file("a.dxf"));
+    text.replace(text.find("AcDbLine\n"), 9, "AcDbLine\n 62\n   300\n150\nx\n");
+    write("b.dxf", text);
+    const Result check = orvald("check b.dxf");
+    EXPECT_EQ(check.status, 2);
+    EXPECT_NE(check.out.find("group code 150 does not exist [unknown-group]"), std::string::npos);
+    EXPECT_NE(check.out.find("1 error, 0 warnings"), std::string::npos) << check.out;
+    EXPECT_NE(orvald("check b.dxf --json").out.find("\"kind\": \"unknown-group\""),
+              std::string::npos);
+}
+
 struct Status
 {
     const char* what;
@@ -115,6 +139,9 @@ constexpr std::array kStatuses = {
     Status{"missing program", "run nowhere.lsp", 66, "nowhere.lsp: no such file"},
     Status{"missing drawing", "eval 1 -d nowhere.dxf", 66, "nowhere.dxf: no such file"},
     Status{"no drawing", "eval 1 -d stdin", 2, "stdin"},
+    Status{"info on nothing", "info", 64, "needs one drawing"},
+    Status{"check of nothing", "check nowhere.dxf", 66, "nowhere.dxf: no such file"},
+    Status{"info on no drawing", "info stdin", 2, "stdin"},
     Status{"missing module", "eval 1 --load nowhere.arx", 66, "nowhere.arx"},
     Status{"refusing module", "eval 1 --load refusing.arx", 66, "refused to start"},
     Status{"output in no folder", "eval 1 -s nowhere/a.dxf", 4, "nowhere/a.dxf"},

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: LicenseRef-ORVALD
+// The rules of an audit. The auditor cuts a file into records and leads each to the rules of its
+// place; rules that need one record alone stand in entity_rules.cpp and object_rules.cpp, those
+// that need the whole file in index.h.
+#pragma once
+
+#include "audit/index.h"
+#include "tag_reader.h"
+
+#include <map>
+
+namespace orvald::dxf {
+
+class Auditor
+{
+public:
+    Auditor(LineSource& lines, Audit& audit, const TellProblem& tell)
+        : in_(lines), report_(audit, tell), index_(report_), version_(audit.version)
+    {
+    }
+
+    void run();
+
+private:
+    using Handle = drawing::Handle;
+    using TableId = drawing::TableId;
+
+    // What is wrong with the present record.
+    void problem(bool isError, std::string_view kind, std::string text);
+    void error(std::string_view kind, std::string text) { problem(true, kind, std::move(text)); }
+    void warn(std::string_view kind, std::string text) { problem(false, kind, std::move(text)); }
+    /// An error of the structure, with the type of the present record.
+    void misplaced(std::string_view text);
+
+    // auditor.cpp: sections, tables, blocks.
+    /// Notes the version when the present group tells it.
+    void watchVersion();
+    void endRecord();
+    void beginSection();
+    void endSection();
+    void checkHeader();
+    void checkPoints();
+    void takeClass();
+    void takeTablePart();
+    void takeTableHead();
+    void takeTableRecord();
+    void takeBlockPart();
+    void takeEntity();
+    void takeObject();
+    void checkClass();
+    void finish();
+    void finishBlocks();
+
+    // entity_rules.cpp
+    void checkSequence();
+    void checkEntity();
+    void checkLooks();
+    void checkNames();
+    void checkVertexCount();
+    void checkHatch();
+    void checkXdata();
+    // object_rules.cpp
+    void checkTableName();
+    void checkLayer();
+    void checkDictionary(drawing::Index index);
+    void checkXrecord();
+    void checkLayout(drawing::Index index);
+
+    struct Block
+    {
+        std::string name;                 // as the file spells it
+        std::vector<std::string> inserts; // keys of the blocks that it shows
+    };
+
+    TagReader in_;
+    Report report_;
+    AuditIndex index_;
+    std::string& version_;
+    bool marked_ = true; // of a version with subclass markers, owners and handles everywhere
+    AuditRecord record_;
+
+    std::vector<std::string> sections_;
+    std::string section_; // "" between sections
+    bool inTable_ = false;
+    std::string table_; // name of the present table
+    Handle seed_ = 0;
+    std::set<std::string, std::less<>> classes_;      // record names in capitals
+    std::array<bool, drawing::kTableCount> tables_{}; // those that are there
+    std::string variable_;                            // header variable of the present group
+
+    std::map<std::string, Block> blocks_;               // by their keys
+    std::map<std::string, std::uint64_t> blockRecords_; // keys, and the handles of the records
+    Block* openBlock_ = nullptr;
+    std::string sequence_;   // complex entity that waits for parts: "POLYLINE 2F"
+    std::string_view parts_; // type of the parts
+};
+
+} // namespace orvald::dxf
