@@ -116,6 +116,20 @@ VariableValue platform(Document&)
     if (uname(&system) != 0) return std::u16string(u"Linux");
     return toUtf16(std::string("Linux Version ") + system.release + " (" + system.machine + ")");
 }
+/// Where settings of the user are kept.
+VariableValue settingsPrefix(Document&)
+{
+    if (const char* folder = std::getenv("KEX_HOME")) return folderText(folder);
+    if (const char* folder = std::getenv("XDG_CONFIG_HOME"))
+        return folderText(fs::path(folder) / "orvald");
+    const char* home = std::getenv("HOME");
+    return folderText(fs::path(home == nullptr ? "/" : home) / ".config/orvald");
+}
+VariableValue documentsPrefix(Document&)
+{
+    const char* home = std::getenv("HOME");
+    return folderText(home == nullptr ? "/" : home);
+}
 VariableValue tempPrefix(Document&)
 {
     std::error_code error;
@@ -294,9 +308,12 @@ constexpr VariableRow kRows[] = {
     answer(u"DWGTITLED", integer, dwgTitled),
     answer(u"EXTMAX", point3, extentsMax),
     answer(u"EXTMIN", point3, extentsMin),
+    answer(u"LOCALROOTPREFIX", text, settingsPrefix),
     answer(u"LOGINNAME", text, loginName),
     answer(u"MILLISECS", integer, milliseconds),
+    answer(u"MYDOCUMENTSPREFIX", text, documentsPrefix),
     answer(u"PLATFORM", text, platform),
+    answer(u"ROAMABLEROOTPREFIX", text, settingsPrefix),
     answer(u"SAVENAME", text, saveName),
     answer(u"TEMPPREFIX", text, tempPrefix),
     answer(u"UCSORG", point3, ucsOrigin),

@@ -177,6 +177,10 @@ SystemVariables::Answer SystemVariables::State::store(Document& document, const 
         const auto name = drawing::fileForm(std::get<std::u16string>(value));
         const drawing::Index record = drawing.findRecord(*row.namesIn, name);
         if (record == drawing::kNone) return Answer::badValue;
+        constexpr std::int64_t kFrozen = 1;
+        const bool frozen = *row.namesIn == drawing::TableId::layer &&
+                            (drawing.at(record).tags.integer(70) & kFrozen) != 0;
+        if (frozen) return Answer::badValue; // nobody would see what is drawn
         value = drawing::text16(drawing.at(record).name());
     }
     if (row.home == VariableHome::computed) {

@@ -59,3 +59,13 @@
   (if (< m 3) (setq y (1- y) m (+ m 12)))
   (+ (fix (* 365.25 (+ y 4716))) (fix (* 30.6001 (1+ m))) d (- (/ y 400) (/ y 100)) -1522))
 (- (fix (getvar "DATE")) (julian (getvar "CDATE"))) ; => 0
+
+; -- nobody draws on a frozen layer
+(entmake '((0 . "LAYER") (100 . "AcDbSymbolTableRecord") (100 . "AcDbLayerTableRecord") (2 . "Eis") (70 . 1) (62 . 1) (6 . "Continuous")))
+(setvar "CLAYER" "Eis")                     ; ! AutoCAD variable setting rejected: "CLAYER" "Eis"
+
+; -- what belongs to the program, the machine or the state of things cannot be set
+(defun fixed (v) (vl-catch-all-error-p (vl-catch-all-apply 'setvar (list v (getvar v)))))
+(vl-remove-if 'fixed '("ACADVER" "PRODUCT" "PROGRAM" "CDATE" "DATE" "DWGNAME" "DWGPREFIX" "EXTMIN" "EXTMAX" "VIEWCTR" "VIEWSIZE" "CMDNAMES" "WORLDUCS" "AREA" "PERIMETER" "DISTANCE" "HANDLES" "LOCALROOTPREFIX" "PFACEVMAX" "POPUPS" "TDUSRTIMER" "UNDOCTL" "UCSNAME" "VIEWDIR" "SCREENSIZE")) ; => nil
+; every other one takes back what it gave, and keeps it
+(vl-remove-if '(lambda (v / x) (setq x (getvar v)) (setvar v x) (equal x (getvar v))) '("ATTREQ" "BLIPMODE" "CELTSCALE" "CLAYER" "CMDECHO" "COORDS" "CECOLOR" "CELTYPE" "CPLOTSTYLE" "DELOBJ" "DIMSCALE" "DIMZIN" "EXPERT" "FILEDIA" "FILLETRAD" "HIGHLIGHT" "HPNAME" "HPORIGIN" "INSBASE" "INSUNITSDEFSOURCE" "LASTPOINT" "LTSCALE" "LWUNITS" "MIRRTEXT" "NOMUTT" "ORTHOMODE" "OSMODE" "PDMODE" "PDSIZE" "PEDITACCEPT" "PICKBOX" "PICKSTYLE" "PLINEWID" "SNAPANG" "SNAPMODE" "SORTENTS" "TEXTSIZE" "TEXTSTYLE" "THICKNESS" "UCSICON" "USERR1" "USERS5" "WIPEOUTFRAME" "XEDIT")) ; => nil
