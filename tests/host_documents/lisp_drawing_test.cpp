@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Runs the cases of tests/lisp/drawing, each file with a new drawing; once as it is and once with a
-// collection at every safe point, where a value that is not kept reachable shows.
+// Runs the cases of tests/lisp/drawing and the programs of tests/lisp/programs, each file with a
+// new drawing; once as it is and once with a collection at every safe point, where a value that is
+// not kept reachable shows.
 #include "document.h"
 #include "host.h"
 #include "lsp_run.h"
@@ -68,6 +69,9 @@ protected:
 TEST_P(DrawingFiles, GiveWhatTheySay) { run(false); }
 TEST_P(DrawingFiles, GiveTheSameWhileGarbageIsCollectedAllTheTime) { run(true); }
 
+INSTANTIATE_TEST_SUITE_P(Programs, DrawingFiles,
+                         testing::ValuesIn(lspFiles(KEX_SOURCE_DIR "/tests/lisp/programs")),
+                         [](const auto& file) { return file.param.stem().string(); });
 INSTANTIATE_TEST_SUITE_P(Drawing, DrawingFiles,
                          testing::ValuesIn(lspFiles(KEX_SOURCE_DIR "/tests/lisp/drawing")),
                          [](const auto& file) { return file.param.stem().string(); });
