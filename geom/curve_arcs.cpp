@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "curve_arcs.h"
 
+#include "kex/arc.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,15 +13,6 @@ namespace {
 constexpr int kDeepest = 20;
 // A sharper piece is halved in any case, so that three points cannot miss a loop.
 constexpr double kLargestBulge = 0.42; // just over a quarter turn
-
-/// Bulge of the arc from p1 over p2 to p3: tan(turn/2), turn the turn of the path at p2. 0 when the
-/// points are collinear.
-double bulgeThrough(const CKexPoint3d& p1, const CKexPoint3d& p2, const CKexPoint3d& p3)
-{
-    const CKexVector3d a = p2 - p1, b = p3 - p2;
-    const double turn = std::atan2(a.x * b.y - a.y * b.x, a.x * b.x + a.y * b.y);
-    return std::tan(turn * 0.5);
-}
 
 /// Distance of a point from a segment's arc, or from its carrier line when it is straight.
 double distance(const CKexVertex& segment, const CKexPoint3d& p)
@@ -37,7 +30,9 @@ void addPiece(const PlaneCurve& curve, double t0, double t1, double dif, int dep
               CKexVertexArray& out)
 {
     const CKexPoint3d start = curve(t0), end = curve(t1);
-    const CKexVertex segment(start, end, bulgeThrough(start, curve(0.5 * (t0 + t1)), end));
+    double bulge = 0.0;
+    g_arc3p_bulg(start, curve(0.5 * (t0 + t1)), end, bulge, 0.0);
+    const CKexVertex segment(start, end, bulge);
     bool fits = std::abs(segment.bulge()) <= kLargestBulge;
     for (int i = 1; fits && i < 8; ++i)
         fits = distance(segment, curve(t0 + (t1 - t0) * i / 8)) <= dif;

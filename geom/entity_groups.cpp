@@ -2,25 +2,12 @@
 #include "entity_groups.h"
 
 #include "hostapi/entity.h"
+#include "kex/frame.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace KEX {
-namespace {
-
-/// X and Y of the arbitrary axis rule for a normal of length 1: X from world Y, or world Z when the
-/// normal is not close to it.
-void arbitraryAxes(const CKexVector3d& normal, CKexVector3d& x, CKexVector3d& y)
-{
-    constexpr double kClose = 1.0 / 64.0; // the file format's constant
-    const bool close = std::abs(normal.x) < kClose && std::abs(normal.y) < kClose;
-    const CKexVector3d base = close ? CKexVector3d(0.0, 1.0) : CKexVector3d(0.0, 0.0, 1.0);
-    x = base.cross(normal).normal();
-    y = normal.cross(x);
-}
-
-} // namespace
 
 EntityGroups::EntityGroups(const CAdsName& entity)
     : chain_(entity.isNull() ? nullptr : acdbEntGet(entity.asName()))
@@ -79,9 +66,7 @@ EntityPlane::EntityPlane(const CKexVector3d& normal, double elevation)
 
 CKexMatrix3d EntityPlane::toWorld() const
 {
-    CKexVector3d x, y;
-    arbitraryAxes(normal_, x, y);
-    return CKexMatrix3d::coordSystem(CKexPoint3d() + normal_ * elevation_, x, y, normal_);
+    return g_mtx_ocs(normal_, CKexPoint3d() + normal_ * elevation_).value_or(CKexMatrix3d());
 }
 
 CKexPoint3d EntityPlane::fromEntity(const CKexPoint3d& p) const
@@ -94,10 +79,10 @@ CKexPoint3d EntityPlane::fromEntity(const CKexPoint3d& p) const
 CKexPoint3d EntityPlane::fromWorld(const CKexPoint3d& p) const
 {
     if (!tilted_) return p;
-    CKexVector3d x, y;
-    arbitraryAxes(normal_, x, y);
+    const CKexMatrix3d system = toWorld();
     const CKexVector3d v = p.asVector();
-    return {x.dot(v), y.dot(v), normal_.dot(v) - elevation_};
+    return {g_mtx_column(system, 0).dot(v), g_mtx_column(system, 1).dot(v),
+            normal_.dot(v) - elevation_};
 }
 
 std::optional<EntityPlane> entityPlane(const EntityGroups& groups)

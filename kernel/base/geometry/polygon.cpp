@@ -91,15 +91,11 @@ std::optional<Statics> g_pl_statics(const CKexPoint3dArray& points, double tolLe
     return result;
 }
 
-std::optional<Line> g_pl_ext(const CKexPoint3dArray& points)
+std::optional<Box> g_pl_ext(const CKexPoint3dArray& points)
 {
     if (points.isEmpty()) return std::nullopt;
-    Line box{points[0], points[0]};
-    for (const CKexPoint3d& p : points) {
-        box.start = {std::min(box.start.x, p.x), std::min(box.start.y, p.y),
-                     std::min(box.start.z, p.z)};
-        box.end = {std::max(box.end.x, p.x), std::max(box.end.y, p.y), std::max(box.end.z, p.z)};
-    }
+    Box box{points[0], points[0]};
+    for (const CKexPoint3d& p : points) box.add(p);
     return box;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "kex/prism.h"
 
+#include "kex/frame.h"
 #include "kex/vertex_area.h"
 #include "kex/vertex_place.h"
 
@@ -9,8 +10,6 @@
 
 namespace KEX {
 namespace {
-
-CKexVector3d column(const CKexMatrix3d& m, int i) { return {m(0, i), m(1, i), m(2, i)}; }
 
 /// A system without its scale; nothing when the axes are not square or not of one length.
 struct Unscaled
@@ -21,7 +20,7 @@ struct Unscaled
 };
 std::optional<Unscaled> unscaled(const CKexMatrix3d& m)
 {
-    const CKexVector3d x = column(m, 0), y = column(m, 1), z = column(m, 2);
+    const CKexVector3d x = g_mtx_column(m, 0), y = g_mtx_column(m, 1), z = g_mtx_column(m, 2);
     const double size = x.length();
     constexpr double kNoise = 1e-9; // relative, of lengths and cosines
     const auto same = [&](const CKexVector3d& v) {

@@ -3,6 +3,7 @@
 // areas holds in XY. Numbers that are not finite give results that are not, never a fault.
 #pragma once
 
+#include "kex/box.h"
 #include "kex/plane.h"
 #include "kex/statics.h"
 #include "kex/vertex.h"
@@ -24,7 +25,7 @@ KEX_BASE_API std::optional<CKexPoint3d> g_pl_cen(const CKexPoint3dArray& points,
 KEX_BASE_API std::optional<Statics> g_pl_statics(const CKexPoint3dArray& points,
                                                  double tolLength = CKexPoint3d::tol);
 /// Smallest and largest coordinates, in space; nothing for no points.
-KEX_BASE_API std::optional<Line> g_pl_ext(const CKexPoint3dArray& points);
+KEX_BASE_API std::optional<Box> g_pl_ext(const CKexPoint3dArray& points);
 
 /// The points along a direction, in XY; those within `tolLength` of the first of their group from
 /// left to right seen along it. With `unique` points that are one with their predecessor are
