@@ -145,12 +145,21 @@ private:
     bool start(Value value, std::u16string_view text)
     {
         const Typed typed = readName(text);
-        if (value.isString() && (line_.start(typed.name) || run(world_, typed))) return true;
-        if (isVerbElsewhere(typed.name)) {
-            world_.raise(u"command \"" + typed.name + u"\" is not available in this host");
+        if (value.isString()) {
+            if (startVerb(findVerb(typed.name)) || run(world_, typed)) return true;
+            if (isVerbElsewhere(typed.name)) {
+                world_.raise(u"command \"" + typed.name + u"\" is not available in this host");
+            }
+            if (startVerb(variableVerb(typed.name))) return true;
         }
         world_.host().print(u"Unknown command \"" + typed.name + u"\".\n");
         return false;
+    }
+
+    bool startVerb(const std::optional<Verb>& verb)
+    {
+        if (verb) line_.start(*verb);
+        return verb.has_value();
     }
 
     void give(Value value)

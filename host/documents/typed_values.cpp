@@ -3,7 +3,9 @@
 
 #include "lisp/units.h"
 #include "lisp/world.h"
+#include "text/letters.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <numbers>
@@ -45,6 +47,20 @@ std::optional<int> readInteger(std::u16string_view text)
     const auto read = std::from_chars(digits.data(), end, value);
     if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
     return value;
+}
+
+std::optional<int> readColour(std::u16string_view text)
+{
+    constexpr std::u16string_view kNames[] = {u"BYBLOCK", u"RED",  u"YELLOW",  u"GREEN",
+                                              u"CYAN",    u"BLUE", u"MAGENTA", u"WHITE"};
+    constexpr int kByLayer = 256;
+    std::u16string name = text::upperText(trimmed(text));
+    if (name.starts_with(u'_')) name.erase(0, 1);
+    if (name == u"BYLAYER") return kByLayer;
+    const auto known = std::ranges::find(kNames, name);
+    if (known != std::end(kNames)) return static_cast<int>(known - std::begin(kNames));
+    const std::optional<int> number = readInteger(name);
+    return number && *number >= 0 && *number <= kByLayer ? number : std::nullopt;
 }
 
 std::optional<double> readTurn(std::u16string_view text, const TypedUnits& units)

@@ -31,6 +31,8 @@ struct TypedPoint
 std::u16string_view trimmed(std::u16string_view text);
 /// A whole number of the range -32768 to 32767.
 std::optional<int> readInteger(std::u16string_view text);
+/// A colour by number or name: 0 BYBLOCK, 1 red ... 255, 256 BYLAYER.
+std::optional<int> readColour(std::u16string_view text);
 /// An angle from ANGBASE, in the drawing's sense of turning, as radians counter-clockwise.
 std::optional<double> readTurn(std::u16string_view text, const TypedUnits& units);
 /// "x,y", "x,y,z", "distance<angle", "distance<angle,z", each with "@" or "*" before it; "@" alone

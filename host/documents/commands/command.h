@@ -131,7 +131,8 @@ public:
     Taken take(const Token& token) final
     {
         if (token.isEnter()) return Taken::done;
-        if (token.kind == Token::Kind::text && !keywords_.empty()) {
+        const bool typed = token.kind == Token::Kind::text || token.kind == Token::Kind::number;
+        if (typed && !keywords_.empty()) {
             if (auto keyword = keywords_.match(token.text)) {
                 answer_.keyword = std::move(*keyword);
                 return Taken::done;

@@ -26,15 +26,12 @@ std::u16string_view CommandLine::name() const { return running_->command.name();
 std::u16string_view CommandLine::prompt() const { return running_->command.waiting()->prompt(); }
 std::u16string_view CommandLine::wanted() const { return running_->command.waiting()->wanted(); }
 
-bool CommandLine::start(std::u16string_view name)
+void CommandLine::start(const Verb& verb)
 {
-    const Verb* verb = findVerb(name);
-    if (verb == nullptr) return false;
-    running_ = std::make_unique<Running>(document_, *verb);
-    document_.user().command = verb->name;
+    running_ = std::make_unique<Running>(document_, verb);
+    document_.user().command = verb.name;
     running_->task.start();
     proceed();
-    return true;
 }
 
 bool CommandLine::give(const Token& token)

@@ -10,6 +10,8 @@
 
 namespace orvald {
 
+struct Verb;
+
 class CommandLine
 {
 public:
@@ -26,9 +28,8 @@ public:
     std::u16string_view prompt() const;
     std::u16string_view wanted() const;
 
-    /// Starts the command of that name (upper case, without prefixes); false when there is none.
-    /// Only while none is active. Throws as give does.
-    bool start(std::u16string_view name);
+    /// Starts a command, only while none is active. Throws as give does.
+    void start(const Verb& verb);
     /// Gives the active command its next input; false, and nothing done, when it does not fit.
     /// Throws CommandRefusal when the command has ended because it cannot go on.
     bool give(const Token& token);

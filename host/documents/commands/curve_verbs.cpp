@@ -222,7 +222,7 @@ Task<> point(Command& command)
     const Answer<Point> at = co_await command.point(u"Specify a point: ");
     if (!at) co_return;
     const UserPlane plane(command.drawing());
-    NewEntity entity(u"POINT", u"AcDbPoint");
+    Groups entity = newEntity(u"POINT", u"AcDbPoint");
     entity.point(10, plane.world(*at));
     if (plane.normal() != Point{0.0, 0.0, 1.0}) entity.point(210, plane.normal());
     entity.make(command);

@@ -28,12 +28,7 @@ double UserPlane::entityAngle(double user) const
     return std::atan2(direction.y, direction.x);
 }
 
-NewEntity::NewEntity(std::u16string_view type, std::u16string_view marker)
-{
-    text(0, type).text(100, u"AcDbEntity").text(100, marker);
-}
-
-resbuf& NewEntity::append(int code)
+resbuf& Groups::append(int code)
 {
     resbuf* node = acutNewRb(code);
     if (node == nullptr) throw std::bad_alloc();
@@ -43,25 +38,25 @@ resbuf& NewEntity::append(int code)
     return *node;
 }
 
-NewEntity& NewEntity::text(int code, std::u16string_view value)
+Groups& Groups::text(int code, std::u16string_view value)
 {
     resbuf& node = append(code);
     node.resval.rstring = newString(value.data(), value.size());
     if (node.resval.rstring == nullptr) throw std::bad_alloc();
     return *this;
 }
-NewEntity& NewEntity::real(int code, double value)
+Groups& Groups::real(int code, double value)
 {
     append(code).resval.rreal = value;
     return *this;
 }
-NewEntity& NewEntity::integer(int code, int value)
+Groups& Groups::integer(int code, int value)
 {
     if (groupKind(code) == GroupKind::int32) append(code).resval.rlong = value;
     else append(code).resval.rint = static_cast<short>(value);
     return *this;
 }
-NewEntity& NewEntity::point(int code, Point value)
+Groups& Groups::point(int code, Point value)
 {
     double* p = append(code).resval.rpoint;
     p[0] = value.x;
@@ -70,13 +65,41 @@ NewEntity& NewEntity::point(int code, Point value)
     return *this;
 }
 
-Index NewEntity::make(Command& command)
+Groups newEntity(std::u16string_view type, std::u16string_view marker)
+{
+    Groups entity;
+    entity.text(0, type).text(100, u"AcDbEntity").text(100, marker);
+    return entity;
+}
+
+Groups newRecord(std::u16string_view type, std::u16string_view marker, std::u16string_view name)
+{
+    Groups record;
+    record.text(0, type).text(100, u"AcDbSymbolTableRecord").text(100, marker);
+    record.text(2, name).integer(70, 0);
+    return record;
+}
+
+Groups changeOf(Command& command, Index object)
+{
+    constexpr int kName = -1;
+    Groups change;
+    nameFromEntity(command.drawing().idOf(object).value, change.append(kName).resval.rlname);
+    return change;
+}
+
+bool Groups::apply(Command& command)
+{
+    return command.document().entities().entMod(chain_.get()) == drawing::ErrNo::none;
+}
+
+Index Groups::make(Command& command)
 {
     // Not the document's own functions: a program may be gathering a complex entity with those.
     drawing::EntityFunctions functions(command.drawing());
     drawing::EntityFunctions::Made made;
     if (functions.entMake(chain_.get(), made) != drawing::ErrNo::none) {
-        command.refuse(u"these values make no entity");
+        command.refuse(u"these values make nothing");
     }
     return command.drawing().indexOf(made.id);
 }
@@ -84,7 +107,7 @@ Index NewEntity::make(Command& command)
 namespace {
 
 /// Height above the plane and direction, where they are not the usual ones.
-void addPlane(NewEntity& entity, Command& command, const UserPlane& plane)
+void addPlane(Groups& entity, Command& command, const UserPlane& plane)
 {
     const double thickness = command.document().variables().real(u"THICKNESS");
     if (thickness != 0.0) entity.real(39, thickness);
@@ -96,7 +119,7 @@ void addPlane(NewEntity& entity, Command& command, const UserPlane& plane)
 Index drawLine(Command& command, Point start, Point end)
 {
     const UserPlane plane(command.drawing());
-    NewEntity line(u"LINE", u"AcDbLine");
+    Groups line = newEntity(u"LINE", u"AcDbLine");
     line.point(10, plane.world(start)).point(11, plane.world(end));
     addPlane(line, command, plane);
     return line.make(command);
@@ -105,7 +128,7 @@ Index drawLine(Command& command, Point start, Point end)
 Index drawCircle(Command& command, Point centre, double radius)
 {
     const UserPlane plane(command.drawing());
-    NewEntity circle(u"CIRCLE", u"AcDbCircle");
+    Groups circle = newEntity(u"CIRCLE", u"AcDbCircle");
     circle.point(10, plane.entity(centre)).real(40, radius);
     addPlane(circle, command, plane);
     return circle.make(command);
@@ -114,7 +137,7 @@ Index drawCircle(Command& command, Point centre, double radius)
 Index drawArc(Command& command, Point centre, double radius, double start, double end)
 {
     const UserPlane plane(command.drawing());
-    NewEntity arc(u"ARC", u"AcDbCircle");
+    Groups arc = newEntity(u"ARC", u"AcDbCircle");
     arc.point(10, plane.entity(centre)).real(40, radius);
     addPlane(arc, command, plane);
     arc.text(100, u"AcDbArc");
@@ -127,7 +150,7 @@ Index drawPolyline(Command& command, std::span<const drawing::PolylineVertex> ve
     if (vertices.size() < 2) return drawing::kNone;
     const UserPlane plane(command.drawing());
     const bool generated = command.document().variables().integer(u"PLINEGEN") != 0;
-    NewEntity polyline(u"LWPOLYLINE", u"AcDbPolyline");
+    Groups polyline = newEntity(u"LWPOLYLINE", u"AcDbPolyline");
     polyline.integer(90, static_cast<int>(vertices.size()));
     polyline.integer(70, (closed ? 1 : 0) | (generated ? 128 : 0));
     const double elevation = plane.entity(vertices.front().at).z;

@@ -34,24 +34,32 @@ private:
     drawing::Transform toWorld_, fromWorld_, toEntity_;
 };
 
-/// The groups of an entity that is being drawn.
-class NewEntity
+/// A list of groups as programs have it, built up group by group: something to make, or new values
+/// for something.
+class Groups
 {
 public:
-    /// `marker`: subclass of the entity, which the groups given first belong to.
-    NewEntity(std::u16string_view type, std::u16string_view marker);
-    NewEntity& text(int code, std::u16string_view value);
-    NewEntity& real(int code, double value); // radians for angles
-    NewEntity& integer(int code, int value);
-    NewEntity& point(int code, drawing::Point value);
-    /// Into the current space. Ends the command when the values make no entity.
+    Groups& text(int code, std::u16string_view value);
+    Groups& real(int code, double value); // radians for angles
+    Groups& integer(int code, int value);
+    Groups& point(int code, drawing::Point value);
+
+    /// Makes it, an entity in the current space. Ends the command when the values make nothing.
     drawing::Index make(Command& command);
+    /// False, and nothing changed, when the object does not take the values.
+    bool apply(Command& command);
 
 private:
+    friend Groups changeOf(Command& command, drawing::Index object);
     resbuf& append(int code);
     Chain chain_;
     resbuf* last_ = nullptr;
 };
+
+/// `marker`: subclass that the groups given first belong to.
+Groups newEntity(std::u16string_view type, std::u16string_view marker);
+Groups newRecord(std::u16string_view type, std::u16string_view marker, std::u16string_view name);
+Groups changeOf(Command& command, drawing::Index object);
 
 // Each in user coordinates, in the user's plane.
 drawing::Index drawLine(Command& command, drawing::Point start, drawing::Point end);

@@ -2,6 +2,9 @@
 // A command as a coroutine: it runs until it wants input, and goes on where it stood when the input
 // is there, however much later that is. A task may await another one; it starts when it is awaited
 // or started and is over with its owner.
+//
+// An object with a destructor that is passed to a task has a name: gcc 12 destroys a temporary in
+// the call that is awaited twice.
 #pragma once
 
 #include <coroutine>

@@ -99,7 +99,7 @@ Task<> text(Command& command)
     }
     const UserPlane plane(command.drawing());
     const drawing::TagList& style = currentStyle(command);
-    NewEntity entity(u"TEXT", u"AcDbText");
+    Groups entity = newEntity(u"TEXT", u"AcDbText");
     const double thickness = command.document().variables().real(u"THICKNESS");
     if (thickness != 0.0) entity.real(39, thickness);
     entity.point(10, plane.entity(*start)).real(40, height).text(1, words);

@@ -20,12 +20,18 @@ std::span<const Verb> curveVerbs();    // LINE, CIRCLE, ARC, POINT, RECTANG ...
 std::span<const Verb> polylineVerbs(); // PLINE
 std::span<const Verb> textVerbs();     // TEXT
 std::span<const Verb> moveVerbs();     // ERASE, MOVE, COPY, ROTATE, SCALE, MIRROR, SELECT
+std::span<const Verb> layerVerbs();    // LAYER
+std::span<const Verb> settingVerbs();  // SETVAR, COLOR, LINETYPE, STYLE ...
+std::span<const Verb> systemVerbs();   // UCS
 std::span<const Verb> viewVerbs();     // REGEN, REDRAW
 std::span<const Verb> undoVerbs();     // UNDO, U, REDO
 
-/// Null when the host has no such command.
-const Verb* findVerb(std::u16string_view name);
+/// Nothing when the host has no such command.
+std::optional<Verb> findVerb(std::u16string_view name);
 /// True for a command that is known to programs and that this host does not have.
 bool isVerbElsewhere(std::u16string_view name);
+
+/// The command that asks for a new value of a variable and has the variable's name.
+std::optional<Verb> variableVerb(std::u16string_view variable);
 
 } // namespace orvald
