@@ -34,6 +34,7 @@ std::optional<Point> centreOf(Point a, Point b, Point c)
 {
     const Point u = b - a, v = c - a;
     const double area = 2.0 * (u.x * v.y - u.y * v.x);
+    if (area == 0.0) return std::nullopt;
     const double uu = u.x * u.x + u.y * u.y, vv = v.x * v.x + v.y * v.y;
     const Point centre{a.x + (v.y * uu - u.y * vv) / area, a.y + (u.x * vv - v.x * uu) / area, a.z};
     if (!std::isfinite(centre.x + centre.y)) return std::nullopt;
@@ -121,8 +122,9 @@ void arcAbout(Command& command, Point centre, Point start, double sweep)
 }
 
 /// Centre of the arc over the chord with that sweep.
-Point centreOfSweep(Point start, Point end, double sweep)
+Point centreOfSweep(Command& command, Point start, Point end, double sweep)
 {
+    if (!(sweep != 0.0)) command.refuse(u"these values make no arc");
     const Point middle = 0.5 * (start + end), along = end - start;
     const double toCentre = 0.5 / std::tan(0.5 * sweep); // to the left, in chords
     return {middle.x - along.y * toCentre, middle.y + along.x * toCentre, start.z};
@@ -145,7 +147,8 @@ Task<> arcFromCentre(Command& command, Point centre, Point start)
             co_await command.distance(u"Specify length of chord: ", {}, start);
         if (!chord) co_return;
         // A negative chord is that of the larger arc.
-        const double half = std::asin(0.5 * std::abs(*chord) / flatDistance(centre, start));
+        const double radius = flatDistance(centre, start);
+        const double half = radius > 0.0 ? std::asin(0.5 * std::abs(*chord) / radius) : 0.0;
         if (!(half > 0.0)) command.refuse(u"no arc has this chord");
         arcAbout(command, centre, start, *chord > 0.0 ? 2.0 * half : kTurn - 2.0 * half);
     }
@@ -166,21 +169,21 @@ Task<> arcToEnd(Command& command, Point start, Point end)
         arcAbout(command, *centre, start, sweep);
     } else if (centre.is(u"Angle")) {
         const Answer<double> sweep = co_await command.angle(u"Specify included angle: ", {}, start);
-        if (sweep) arcAbout(command, centreOfSweep(start, end, *sweep), start, *sweep);
+        if (sweep) arcAbout(command, centreOfSweep(command, start, end, *sweep), start, *sweep);
     } else if (centre.is(u"Direction")) {
         const Answer<double> tangent =
             co_await command.direction(u"Specify tangent direction: ", {}, start);
         if (!tangent) co_return;
         // The chord is half of the sweep away from the tangent.
         const double sweep = 2.0 * std::remainder(along - *tangent, kTurn);
-        arcAbout(command, centreOfSweep(start, end, sweep), start, sweep);
+        arcAbout(command, centreOfSweep(command, start, end, sweep), start, sweep);
     } else if (centre.is(u"Radius")) {
         const Answer<double> radius = co_await command.distance(u"Specify radius: ", {}, end);
         if (!radius) co_return;
-        const double half = std::asin(0.5 * chord / std::abs(*radius));
+        const double half = *radius != 0.0 ? std::asin(0.5 * chord / std::abs(*radius)) : 0.0;
         if (!(half > 0.0)) command.refuse(u"no arc has this radius");
         const double sweep = *radius > 0.0 ? 2.0 * half : kTurn - 2.0 * half;
-        arcAbout(command, centreOfSweep(start, end, sweep), start, sweep);
+        arcAbout(command, centreOfSweep(command, start, end, sweep), start, sweep);
     }
 }
 

@@ -188,6 +188,7 @@ Task<> scale(Command& command)
         const Answer<double> from = co_await command.distance(u"Specify reference length: ");
         const Answer<double> to = co_await command.distance(u"Specify new length: ", {}, *base);
         if (!to) co_return;
+        if (from.value.value_or(1.0) == 0.0) command.refuse(u"a reference length is not 0");
         size = *to / from.value.value_or(1.0);
     }
     if (!(size > 0.0) || !std::isfinite(size)) command.refuse(u"a factor is greater than 0");

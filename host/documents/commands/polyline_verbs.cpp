@@ -161,7 +161,8 @@ Task<> arcOfCentre(Command& command, Outline& outline)
         sweep = angle.value.value_or(0.0);
     } else if (end.is(u"Length")) {
         const Answer<double> chord = co_await command.distance(u"Specify length of chord: ");
-        const double half = std::asin(0.5 * std::abs(chord.value.value_or(0.0)) / radius);
+        const double size = 0.5 * std::abs(chord.value.value_or(0.0));
+        const double half = radius > 0.0 ? std::asin(size / radius) : 0.0;
         sweep = chord.value.value_or(0.0) < 0.0 ? kTurn - 2.0 * half : 2.0 * half;
     }
     if (!(sweep != 0.0)) co_return;
@@ -189,7 +190,8 @@ Task<> arcOfRadius(Command& command, Outline& outline)
         co_await command.point(u"Specify endpoint of arc or [Angle]: ", u"Angle");
     if (!radius || !end) command.refuse(u"this option is not available in this host");
     const Point from = outline.last();
-    const double half = std::asin(0.5 * std::hypot(end->x - from.x, end->y - from.y) / *radius);
+    const double chord = std::hypot(end->x - from.x, end->y - from.y);
+    const double half = *radius != 0.0 ? std::asin(0.5 * chord / *radius) : 0.0;
     if (!(half > 0.0)) command.refuse(u"no arc has this radius");
     // To the side to which the outline was bending.
     const double turn = std::remainder(angleTo(from, *end) - outline.tangent(), kTurn);
