@@ -13,17 +13,10 @@
 namespace KEX {
 namespace {
 
-AcDbObjectId idOf(const CAdsName& name)
-{
-    AcDbObjectId id;
-    acdbGetObjectId(id, name.asName());
-    return id;
-}
-
 void erase(const CKexEnameArray& names)
 {
     for (const CKexEname& name : names) {
-        const OpenObject<AcDbEntity> entity(idOf(name), AcDb::kForWrite);
+        const OpenObject<AcDbEntity> entity(objectIdOf(name), AcDb::kForWrite);
         if (entity) entity->erase();
     }
 }
@@ -38,7 +31,7 @@ struct OwnedMembers
 bool sortByOwner(const CKexEnameArray& list, std::vector<OwnedMembers>& owners)
 {
     for (const CKexEname& name : list) {
-        const AcDbObjectId id = idOf(name);
+        const AcDbObjectId id = objectIdOf(name);
         const OpenObject<AcDbEntity> entity(id);
         if (!entity) return false;
         const AcDbObjectId owner = entity->ownerId();
@@ -83,7 +76,7 @@ CKexEnameArray el_copy(const CKexEnameArray& list, const std::optional<CKexMatri
                database->deepCloneObjects(members.ids, members.owner, copied) == Acad::eOk;
     }
     for (const CKexEname& name : list) {
-        AcDbIdPair pair(idOf(name));
+        AcDbIdPair pair(objectIdOf(name));
         ads_name copy;
         if (!copied.compute(pair) || acdbGetAdsName(copy, pair.value()) != Acad::eOk) {
             good = false;

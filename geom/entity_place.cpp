@@ -8,13 +8,6 @@
 namespace KEX {
 namespace {
 
-AcDbObjectId idOf(const CAdsName& name)
-{
-    AcDbObjectId id;
-    acdbGetObjectId(id, name.asName());
-    return id;
-}
-
 CKexPoint3d blockBase(TextView name)
 {
     const CSmartResbuf block(acdbTblSearch(KT("BLOCK"), CKexString(name).c_str(), 0));
@@ -56,7 +49,7 @@ std::optional<Plane> e_plan(const CAdsName& entity)
 
 std::optional<Box> e_ext(const CAdsName& name)
 {
-    const OpenObject<AcDbEntity> entity(idOf(name));
+    const OpenObject<AcDbEntity> entity(objectIdOf(name));
     AcDbExtents box;
     if (!entity || entity->getGeomExtents(box) != Acad::eOk) return std::nullopt;
     const auto inner = [](const AcGePoint3d& p) { return CKexPoint3d(p.x, p.y, p.z); };
@@ -65,7 +58,7 @@ std::optional<Box> e_ext(const CAdsName& name)
 
 bool e_trans(const CAdsName& name, const CKexMatrix3d& map)
 {
-    const OpenObject<AcDbEntity> entity(idOf(name), AcDb::kForWrite);
+    const OpenObject<AcDbEntity> entity(objectIdOf(name), AcDb::kForWrite);
     if (!entity) return false;
     AcGeMatrix3d outer;
     for (int row = 0; row < 4; ++row) {

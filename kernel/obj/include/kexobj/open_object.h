@@ -3,10 +3,19 @@
 #pragma once
 
 #include "hostapi/objects.h"
+#include "kex/ename.h"
 
 #include <utility>
 
 namespace KEX {
+
+/// The id of a named object; null when no open drawing has it.
+inline AcDbObjectId objectIdOf(const CAdsName& name)
+{
+    AcDbObjectId id;
+    if (!name.isNull()) acdbGetObjectId(id, name.asName());
+    return id;
+}
 
 template <class T>
 class OpenObject
