@@ -5,9 +5,10 @@ namespace orvald {
 
 void defineDrawingFunctions(lisp::World& world)
 {
-    for (const auto& table : {entityFunctions(), selectionFunctions(), tableFunctions(),
-                              systemFunctions(), commandFunctions(), graphicsFunctions(),
-                              curveFunctions(), automationFunctions(), inputFunctions()}) {
+    for (const auto& table :
+         {entityFunctions(), selectionFunctions(), tableFunctions(), systemFunctions(),
+          commandFunctions(), graphicsFunctions(), curveFunctions(), automationFunctions(),
+          inputFunctions(), pickFunctions()}) {
         world.define(table);
     }
     world.setSymbol(u"PAUSE", world.makeString(u"\\")); // where a command waits for the user

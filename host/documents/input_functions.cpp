@@ -30,36 +30,6 @@ constexpr int kNumberBits =
 constexpr int kAngleBits = InputRules::kNoEnter | InputRules::kNoZero | InputRules::kAnyText;
 constexpr int kPlainBits = InputRules::kNoEnter | InputRules::kAnyText;
 
-/// The optional arguments of an input function, in any order: a base point and the prompt.
-struct Prompted
-{
-    std::optional<Point> base;
-    Value prompt;
-};
-
-Prompted readPrompted(Args args)
-{
-    Prompted result;
-    for (int i = 0; i < args.size(); ++i) {
-        if (args[i].isNil()) continue;
-        if (args[i].isCons()) {
-            const Args::Point point = args.point(i);
-            result.base = Point{point.x, point.y, point.z};
-        } else {
-            args.string(i); // anything else is an error
-            result.prompt = args[i];
-        }
-    }
-    return result;
-}
-
-/// The optional prompt, the only argument.
-Value promptOf(Args args)
-{
-    if (!args.at(0).isNil()) args.string(0);
-    return args.at(0);
-}
-
 /// Asks for the second one of two points; nothing but a point is an answer.
 Point askSecondPoint(World& world, Point first)
 {
@@ -258,74 +228,6 @@ Value getfiled(World& world, Args args)
     }
 }
 
-/// Where a user would have picked an entity: at its first point.
-Point firstPoint(const drawing::Drawing& drawing, const drawing::Record& entity)
-{
-    const Point world = entityToWorld(entity)(entity.tags.point(10));
-    return inverseRigid(userToWorld(drawing))(world);
-}
-
-/// The entity that a text names: "L" for the last one, "'" and a handle, with the picked point
-/// behind a blank. A point alone picks nothing.
-std::optional<Value> pickedBy(World& world, std::u16string_view text)
-{
-    Document& document = Document::of(world);
-    const std::size_t blank = std::min(text.find(u' '), text.size());
-    const std::u16string name = text::upperText(text.substr(0, blank));
-    ObjectId id;
-    if (name == u"L" || name == u"_L" || name == u"LAST" || name == u"_LAST") {
-        id = document.entities().entLast();
-    } else if (name.starts_with(u'\'')) {
-        document.entities().handEnt(std::u16string_view(name).substr(1), id);
-    } else if (pointFrom(document, text, std::nullopt)) {
-        constexpr int kNothingThere = 7;
-        document.variables().setErrno(kNothingThere);
-        return Value::nil();
-    }
-    const drawing::Drawing& drawing = document.drawing();
-    const drawing::Index index = drawing.indexOf(id);
-    if (index == drawing::kNone || !drawing.at(index).isEntity() || drawing.isGone(index)) {
-        return std::nullopt;
-    }
-    Point at = firstPoint(drawing, drawing.at(index));
-    if (blank < text.size()) {
-        const auto typed = pointFrom(document, text.substr(blank), std::nullopt);
-        if (!typed) return std::nullopt;
-        at = *typed;
-    }
-    return world.makeList({nameValue(id), pointValue(world, at)});
-}
-
-/// (ename point), keyword or nil.
-Value pick(World& world, Value prompt)
-{
-    Question question(world, prompt, u"Select object: ", 0);
-    bool missed = false;
-    const Value result = question.ask([&](std::u16string_view text, std::u16string& complaint) {
-        complaint = u"No such object: an answer is 'HANDLE or L.";
-        const std::optional<Value> picked = pickedBy(world, text);
-        missed = picked && picked->isNil();
-        return picked;
-    });
-    if (result.isNil() && !missed) {
-        constexpr int kEnter = 52;
-        Document::of(world).variables().setErrno(kEnter);
-    }
-    return result;
-}
-
-// (entsel [prompt]), (nentsel [prompt]) -> (ename point), keyword or nil
-Value entsel(World& world, Args args) { return pick(world, promptOf(args)); }
-
-// (nentselp [prompt] [point]) -> as entsel; a given point picks nothing
-Value nentselp(World& world, Args args)
-{
-    const Prompted prompted = readPrompted(args);
-    if (!prompted.base) return pick(world, prompted.prompt);
-    Document::of(world).user().nextInput = {};
-    return Value::nil();
-}
-
 // (grread [track [keys [cursor]]]) -> (3 point) for a point, (2 code) for a character or Enter
 Value grread(World& world, Args)
 {
@@ -339,11 +241,10 @@ Value grread(World& world, Args)
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"entsel", entsel, 0, 1},     {"getangle", getangle, 0, 2},   {"getcorner", getcorner, 1, 2},
-    {"getdist", getdist, 0, 2},   {"getfiled", getfiled, 4, 4},   {"getint", getint, 0, 1},
-    {"getkword", getkword, 0, 1}, {"getorient", getorient, 0, 2}, {"getpoint", getpoint, 0, 2},
-    {"getreal", getreal, 0, 1},   {"getstring", getstring, 0, 2}, {"grread", grread, 0, 3},
-    {"initget", initget, 0, 2},   {"nentsel", entsel, 0, 1},      {"nentselp", nentselp, 0, 2},
+    {"getangle", getangle, 0, 2},   {"getcorner", getcorner, 1, 2}, {"getdist", getdist, 0, 2},
+    {"getfiled", getfiled, 4, 4},   {"getint", getint, 0, 1},       {"getkword", getkword, 0, 1},
+    {"getorient", getorient, 0, 2}, {"getpoint", getpoint, 0, 2},   {"getreal", getreal, 0, 1},
+    {"getstring", getstring, 0, 2}, {"grread", grread, 0, 3},       {"initget", initget, 0, 2},
 };
 
 } // namespace

@@ -36,6 +36,28 @@ std::u16string askLine(World& world, std::u16string_view prompt)
     missingInput(world, prompt);
 }
 
+Prompted readPrompted(lisp::Args args)
+{
+    Prompted result;
+    for (int i = 0; i < args.size(); ++i) {
+        if (args[i].isNil()) continue;
+        if (args[i].isCons()) {
+            const lisp::Args::Point point = args.point(i);
+            result.base = drawing::Point{point.x, point.y, point.z};
+        } else {
+            args.string(i); // anything else is an error
+            result.prompt = args[i];
+        }
+    }
+    return result;
+}
+
+Value promptOf(lisp::Args args)
+{
+    if (!args.at(0).isNil()) args.string(0);
+    return args.at(0);
+}
+
 void complain(std::u16string_view complaint)
 {
     Host::instance().console().warning(lisp::toUtf8(complaint));

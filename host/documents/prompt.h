@@ -4,6 +4,7 @@
 // prompt.
 #pragma once
 
+#include "drawing/point.h"
 #include "input_rules.h"
 #include "lisp/world.h"
 
@@ -16,6 +17,16 @@ namespace orvald {
 
 /// Notes that a prompt found no input and raises the error that says so.
 [[noreturn]] void missingInput(lisp::World& world, std::u16string_view prompt);
+
+/// The optional arguments of an input function, in any order: a base point and the prompt.
+struct Prompted
+{
+    std::optional<drawing::Point> base;
+    lisp::Value prompt;
+};
+Prompted readPrompted(lisp::Args args);
+/// The optional prompt, the only argument.
+lisp::Value promptOf(lisp::Args args);
 
 /// Asks for one line and gives it as it was typed.
 std::u16string askLine(lisp::World& world, std::u16string_view prompt);

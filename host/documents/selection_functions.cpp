@@ -7,12 +7,14 @@
 #include "drawing_functions.h"
 #include "entity_list.h"
 #include "host.h"
-#include "prompt.h"
 #include "registries.h"
+#include "screen_picking.h"
+#include "select_objects.h"
 #include "text/letters.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace orvald {
 namespace {
@@ -59,8 +61,12 @@ Value setOf(World& world, std::vector<std::uint64_t> entities)
     return value;
 }
 
-/// A list of groups, as a filter is; a point begins with a number.
-bool isFilter(Value value) { return value.isCons() && !value.asCons()->car.isNumber(); }
+bool isPoint(Value value)
+{
+    return value.isCons() && value.asCons()->car.isNumber() && value.asCons()->cdr.isCons();
+}
+
+drawing::Point pointOf(const Args::Point& point) { return {point.x, point.y, point.z}; }
 
 /// Frozen layers and those of other spaces are out of a user's reach.
 bool isReachable(const drawing::Drawing& drawing, drawing::Index entity)
@@ -77,6 +83,8 @@ struct Request
 {
     std::u16string method; // upper case, without "_" and what follows a colon; empty: the user
     bool unlockedOnly = false;
+    bool single = false; // the user's first answer that selects is the last
+    std::vector<drawing::Point> points;
     Chain filter;
 };
 
@@ -90,10 +98,19 @@ Request readRequest(World& world, Args args)
         const std::size_t start = mode.starts_with(u'_') ? 1 : 0;
         request.method = mode.substr(start, std::max(colon, start) - start);
         request.unlockedOnly = mode.find(u":L", colon) != std::u16string::npos;
+        request.single = mode.find(u":S", colon) != std::u16string::npos;
     }
     for (; next < args.size(); ++next) {
-        if (isFilter(args[next]) && next + 1 == args.size()) {
-            request.filter = groupsFromList(world, args[next]);
+        const Value value = args[next];
+        if (isPoint(value)) {
+            request.points.push_back(pointOf(args.point(next)));
+        } else if (isPoint(lisp::car(value))) {
+            for (Value rest = value; rest.isCons(); rest = rest.asCons()->cdr)
+                request.points.push_back(pointOf(Args(world, &rest.asCons()->car, 1).point(0)));
+        } else if (value.isCons() && next + 1 == args.size()) {
+            request.filter = groupsFromList(world, value);
+        } else if (!value.isNil()) {
+            world.raise(u"bad SSGET list");
         }
     }
     return request;
@@ -129,6 +146,26 @@ std::vector<ObjectId> idsOf(const std::vector<std::uint64_t>& entities)
     return ids;
 }
 
+/// Ways of selecting by points.
+struct Shape
+{
+    std::u16string_view method;
+    drawing::Border border;
+    std::size_t least, most; // points
+};
+
+const Shape* shapeOf(std::u16string_view method)
+{
+    constexpr std::size_t kMany = std::numeric_limits<std::size_t>::max();
+    static constexpr Shape kShapes[] = {
+        {u"W", drawing::Border::window, 2, 2},      {u"C", drawing::Border::crossing, 2, 2},
+        {u"WP", drawing::Border::window, 3, kMany}, {u"CP", drawing::Border::crossing, 3, kMany},
+        {u"F", drawing::Border::fence, 2, kMany},
+    };
+    const auto shape = std::ranges::find(kShapes, method, &Shape::method);
+    return shape == std::end(kShapes) ? nullptr : &*shape;
+}
+
 std::vector<ObjectId> select(World& world, const Request& request)
 {
     Document& document = Document::of(world);
@@ -148,15 +185,30 @@ std::vector<ObjectId> select(World& world, const Request& request)
     }
     if (request.method == u"P") return filtered(world, idsOf(document.user().previous), filter);
     if (request.method == u"I") return filtered(world, idsOf(document.user().picked), filter);
-    constexpr std::u16string_view kShapes[] = {u"W", u"C", u"WP", u"CP", u"F"};
-    if (std::ranges::find(kShapes, request.method) != std::end(kShapes)) {
-        world.raise(u"ssget \"" + request.method + u"\" is not available in this host");
+    if (const Shape* shape = shapeOf(request.method)) {
+        const std::size_t given = request.points.size();
+        if (given < shape->least || given > shape->most) world.raise(u"bad SSGET list");
+        return filtered(world, objectsIn(document, shape->border, request.points), filter);
     }
     constexpr std::u16string_view kSigns = u".+"; // how the user's picks count
     if (request.method.find_first_not_of(kSigns) != std::u16string::npos) {
         world.raise(u"bad SSGET mode string");
     }
-    missingInput(world, u"Select objects:");
+    if (!request.points.empty()) {
+        const auto hit = objectAt(document, request.points.front());
+        if (!hit) return {};
+        return filtered(world, {drawing.idOf(hit->entity)}, filter);
+    }
+    return askObjects(
+        world,
+        [&](ObjectId id) {
+            const drawing::Index index = drawing.indexOf(id);
+            return index != drawing::kNone && !drawing.isGone(index) &&
+                   drawing.at(index).isMainEntity() && isReachable(drawing, index) &&
+                   (filter == nullptr || drawing::satisfies(drawing, id, filter)) &&
+                   (!request.unlockedOnly || !drawing.isLayerLocked(drawing.at(index).layer()));
+        },
+        request.single);
 }
 
 // (ssget [mode] [points] [filter]) -> set or nil

@@ -2,7 +2,6 @@
 // Boxes of entities. Curves count exactly: under any affine map an arc stays a conic whose extreme
 // points are known. Inserts are followed into their blocks as long as a budget of entities lasts,
 // then by the boxes of the blocks.
-#include "drawing/text.h"
 #include "drawing/views.h"
 
 #include <algorithm>
@@ -16,8 +15,6 @@ namespace {
 constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr int kDeepest = 32;            // blocks within blocks; a circle of blocks ends here
 constexpr std::size_t kBudget = 200000; // entities looked at in blocks, for one box
-// Average width of a character by its height, and distance of lines: enough to place a text.
-constexpr double kCharWidth = 0.7, kLineStep = 5.0 / 3.0;
 
 /// c + u cos t + v sin t for t from t0 to t1 >= t0.
 void addConic(Box& box, const Transform& map, Point c, Point u, Point v, double t0, double t1)
@@ -66,52 +63,9 @@ void addPath(Box& box, const Transform& map, const std::vector<PolylineVertex>& 
         addSegment(box, map, at(i), at((i + 1) % vertices.size()), vertices[i].bulge);
 }
 
-/// A rectangle of text: from (left, bottom) by `width` and `height`, turned about `origin`.
-void addRectangle(Box& box, const Transform& map, Point origin, double rotation, double left,
-                  double bottom, double width, double height)
+void addFrame(Box& box, const Transform& map, const TextFrame& frame)
 {
-    const double c = std::cos(rotation), s = std::sin(rotation);
-    for (const double x : {left, left + width})
-        for (const double y : {bottom, bottom + height})
-            box.add(map(origin + Point{x * c - y * s, x * s + y * c, 0.0}));
-}
-
-void addText(Box& box, const Transform& map, const TextView& text)
-{
-    if (text.invisible) return;
-    const double width =
-        kCharWidth * text.height * text.widthFactor * static_cast<double>(utf16(text.text).size());
-    const bool aligned = text.horizontal != 0 || text.vertical != 0;
-    const bool centred = text.horizontal == 1 || text.horizontal == 4;
-    const double left = centred ? -width / 2 : text.horizontal == 2 ? -width : 0.0;
-    const double bottom = text.vertical == 3                           ? -text.height
-                          : text.vertical == 2 || text.horizontal == 4 ? -text.height / 2
-                                                                       : 0.0;
-    const bool between = text.horizontal == 3 || text.horizontal == 5; // fitted between two points
-    if (between) box.add(map(text.align));
-    const Point origin = aligned && !between ? text.align : text.insert;
-    addRectangle(box, map, origin, text.rotation, between ? 0.0 : left, bottom,
-                 between ? 0.0 : width, text.height);
-}
-
-void addMtext(Box& box, const Transform& map, const MTextView& text)
-{
-    std::size_t lines = 1, longest = 0, present = 0;
-    for (std::size_t i = 0; i < text.text.size(); ++i) {
-        const bool breaks = text.text.compare(i, 2, "\\P") == 0 || text.text[i] == '\n';
-        present = breaks ? 0 : present + 1;
-        lines += breaks ? 1 : 0;
-        longest = std::max(longest, present);
-    }
-    const double natural = kCharWidth * text.height * static_cast<double>(longest);
-    const double width = text.width > 0.0 ? text.width : natural;
-    if (width > 0.0 && natural > width)
-        lines += static_cast<std::size_t>(std::min(natural / width, 1e6));
-    const double height =
-        text.height * (1.0 + kLineStep * text.lineSpacing * static_cast<double>(lines - 1));
-    const int column = (text.attachment - 1) % 3, row = (text.attachment - 1) / 3;
-    addRectangle(box, map, text.insert, text.rotation, -0.5 * column * width,
-                 -height + 0.5 * row * height, width, height);
+    for (const Point corner : frame) box.add(map(corner));
 }
 
 class Walker
@@ -161,10 +115,10 @@ public:
         case Kind::attrib:
         case Kind::attdef: {
             const TextView text = textView(record);
-            addText(box, plane(text.normal), text);
+            if (!text.invisible) addFrame(box, plane(text.normal), textFrame(text));
             break;
         }
-        case Kind::mtext: addMtext(box, map, mtextView(record)); break;
+        case Kind::mtext: addFrame(box, map, mtextFrame(mtextView(record))); break;
         case Kind::solid:
         case Kind::trace:
         case Kind::face3d: {

@@ -57,7 +57,7 @@
 (progn (answers "'FFFF" "nonsense" "L") (eq (car (nentsel)) line)) ; => T
 (progn (answers "nonsense" "" "9,9") (list (entsel) (getvar "ERRNO") (entsel) (getvar "ERRNO"))) ; => (nil 52 nil 7)
 (progn (answers "s") (initget "Settings") (entsel)) ; => "Settings"
-(nentselp "Pick: " '(1 2))                  ; => nil
+(eq (car (nentselp "Pick: " '(1 2))) line)   ; => T
 (progn (answers "1,2" "x" "") (list (grread) (grread T) (grread))) ; => ((3 (1.0 2.0 0.0)) (2 120) (2 13))
 
 ; -- files: one that is there, or a new one with its suffix

@@ -20,7 +20,6 @@
 (ssget "X" '((-4 . "<OR") (0 . "LINE")))    ; ! bad SSGET list
 (ssget "X" '((0 . 5)))                      ; ! bad DXF group: (0 . 5)
 (ssget "Q")                                 ; ! bad SSGET mode string
-(ssget "W" '(0 0) '(5 5))                   ; ! ssget "W" is not available in this host
 
 ; -- members
 (setq set (ssget "X"))

@@ -7,6 +7,7 @@
 #include "drawing/drawing.h"
 #include "drawing/point.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -141,6 +142,12 @@ MTextView mtextView(const Record& record);
 InsertView insertView(const Record& record);
 SolidView solidView(const Record& record);
 HatchView hatchView(const Record& record);
+
+/// Corners of the rectangle that a text fills, in the coordinates of its insertion point: by its
+/// height and an average width of characters. One that is fitted between two points ends there.
+using TextFrame = std::array<Point, 4>;
+TextFrame textFrame(const TextView& text);
+TextFrame mtextFrame(const MTextView& text);
 
 /// Base point of a block (group 10 of its BLOCK).
 Point blockBase(const Drawing& drawing, Index blockRecord);
