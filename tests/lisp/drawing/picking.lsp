@@ -76,3 +76,6 @@
 
 ; a vertex of an old polyline
 (progn (entmake '((0 . "POLYLINE") (70 . 0) (10 0.0 0.0 0.0))) (foreach p '((200.0 0.0 0.0) (210.0 0.0 0.0) (210.0 10.0 0.0)) (entmake (list '(0 . "VERTEX") (cons 10 p)))) (entmake '((0 . "SEQEND"))) (cdr (assoc 10 (entget (car (nentselp '(210.0 5.0 0.0))))))) ; => (210.0 0.0 0.0)
+
+; -- places are the user's: his axes are turned by a quarter
+(progn (setvar "OSMODE" 0) (command "_.UCS" "_Z" 90) (names (ssget (trans '(60.0 0.0 0.0) 0 1)))) ; => (DOT)

@@ -23,10 +23,7 @@
     (T "well")))
 
 (defun stair:layer (name colour)
-  (entmake (list '(0 . "LAYER") '(100 . "AcDbSymbolTableRecord")
-                 '(100 . "AcDbLayerTableRecord") (cons 2 name) '(70 . 0) (cons 62 colour)
-                 '(6 . "Continuous")))
-  (setvar "CLAYER" name))
+  (command "_.-LAYER" "_Make" name "_Color" (itoa colour) name ""))
 
 (defun stair:height (at z)
   (command "_.TEXT" "_J" "_BR" at 10.0 0.0
