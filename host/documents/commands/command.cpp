@@ -70,6 +70,7 @@ TextWait Command::text(std::u16string_view prompt) { return {*this, prompt}; }
 TokenWait Command::token(std::u16string_view prompt) { return {*this, prompt}; }
 SelectionWait Command::selection() { return {*this, false}; }
 SelectionWait Command::changeable() { return {*this, true}; }
+SelectionWait Command::changeableOnce() { return {*this, true, true}; }
 
 void Command::print(std::u16string_view line)
 {

@@ -309,6 +309,8 @@ public:
     SelectionWait selection();
     /// The same, without those on locked layers, which cannot be changed.
     SelectionWait changeable();
+    /// The same with one choice, which no Enter ends: one object, or one set.
+    SelectionWait changeableOnce();
 
     // -- what a token means; nothing when it is no such thing
     std::optional<drawing::Point> pointOf(const Token& token);

@@ -3,6 +3,7 @@
 
 #include "coordinate_systems.h"
 #include "document.h"
+#include "drawing/text.h"
 #include "resbuf/groups.h"
 
 #include <algorithm>
@@ -93,10 +94,25 @@ bool Groups::apply(Command& command)
     return command.document().entities().entMod(chain_.get()) == drawing::ErrNo::none;
 }
 
+Groups& Groups::like(const drawing::Record& other)
+{
+    text(8, drawing::text16(other.layer()));
+    text(6, drawing::text16(other.tags.text(6, "ByLayer")));
+    integer(62, static_cast<int>(other.tags.integer(62, 256)));
+    if (other.tags.has(420)) integer(420, static_cast<int>(other.tags.integer(420)));
+    integer(370, static_cast<int>(other.tags.integer(370, -1)));
+    return real(48, other.tags.real(48, 1.0));
+}
+
 Index Groups::make(Command& command)
 {
     // Not the document's own functions: a program may be gathering a complex entity with those.
     drawing::EntityFunctions functions(command.drawing());
+    return make(command, functions);
+}
+
+Index Groups::make(Command& command, drawing::EntityFunctions& functions)
+{
     drawing::EntityFunctions::Made made;
     if (functions.entMake(chain_.get(), made) != drawing::ErrNo::none) {
         command.refuse(u"these values make nothing");

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "commands/command.h"
+#include "drawing/entity_functions.h"
 #include "drawing/point.h"
 #include "drawing/views.h"
 #include "value_chain.h"
@@ -46,6 +47,10 @@ public:
 
     /// Makes it, an entity in the current space. Ends the command when the values make nothing.
     drawing::Index make(Command& command);
+    /// The same as one of several lists of a complex entity, which `functions` gather.
+    drawing::Index make(Command& command, drawing::EntityFunctions& functions);
+    /// Layer, linetype, colour and the like of another entity.
+    Groups& like(const drawing::Record& other);
     /// False, and nothing changed, when the object does not take the values.
     bool apply(Command& command);
 

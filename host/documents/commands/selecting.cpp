@@ -68,6 +68,12 @@ void SelectionWait::putAll(const std::vector<ObjectId>& entities)
 Wait::Taken SelectionWait::take(const Token& token)
 {
     if (token.isEnter()) return Taken::done;
+    const Taken taken = choose(token);
+    return taken == Taken::more && once_ && !order_.empty() ? Taken::done : taken;
+}
+
+Wait::Taken SelectionWait::choose(const Token& token)
+{
     switch (token.kind) {
     case Token::Kind::entity:
     case Token::Kind::set: putAll(token.entities); return Taken::more;

@@ -16,9 +16,9 @@ std::optional<Picked> pickedBy(Command& command, const Token& token);
 class SelectionWait final : public Wait
 {
 public:
-    /// `changeable`: leaves out what stands on locked layers.
-    SelectionWait(Command& command, bool changeable)
-        : Wait(command, u"Select objects: "), changeable_(changeable)
+    /// `changeable`: leaves out what stands on locked layers. `once`: the first choice is all.
+    SelectionWait(Command& command, bool changeable, bool once = false)
+        : Wait(command, u"Select objects: "), changeable_(changeable), once_(once)
     {
     }
     Taken take(const Token& token) override;
@@ -29,9 +29,10 @@ public:
 private:
     void put(drawing::Index entity);
     void putAll(const std::vector<drawing::ObjectId>& entities);
+    Taken choose(const Token& token);
     Taken takeWord(const Token& token);
 
-    bool changeable_;
+    bool changeable_, once_;
     bool removing_ = false;
     std::vector<drawing::Index> order_;
     std::unordered_set<drawing::Index> chosen_;

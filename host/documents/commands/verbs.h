@@ -24,6 +24,9 @@ std::span<const Verb> layerVerbs();    // LAYER
 std::span<const Verb> settingVerbs();  // SETVAR, COLOR, LINETYPE, STYLE ...
 std::span<const Verb> systemVerbs();   // UCS
 std::span<const Verb> viewVerbs();     // REGEN, REDRAW
+std::span<const Verb> blockVerbs();    // BLOCK, INSERT
+std::span<const Verb> explodeVerbs();  // EXPLODE
+std::span<const Verb> changeVerbs();   // CHANGE, CHPROP, PURGE
 std::span<const Verb> undoVerbs();     // UNDO, U, REDO
 
 /// Nothing when the host has no such command.
