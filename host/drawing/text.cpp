@@ -2,6 +2,7 @@
 // File form of text, and names in it. Every function takes any bytes or units.
 #include "drawing/text.h"
 
+#include "text/code_page.h"
 #include "text/letters.h"
 
 #include <algorithm>
@@ -23,6 +24,25 @@ bool unicodeForm(std::string_view s, std::size_t at, char32_t& code)
         code = code << 4 | static_cast<char32_t>(digit);
     }
     return true;
+}
+
+/// True when a \M+nXXXX form stands at `at`: n tells the code page, XXXX its bytes.
+bool multiByteForm(std::string_view s, std::size_t at, char32_t& code)
+{
+    if (s.size() - at < 8 || (s[at + 1] != 'M' && s[at + 1] != 'm') || s[at + 2] != '+')
+        return false;
+    const text::CodePage* page = text::CodePage::ofMultiByte(s[at + 3] - '0');
+    char bytes[2] = {};
+    for (std::size_t i = 0; i < 4; ++i) {
+        const int digit = text::hexDigit(static_cast<unsigned char>(s[at + 4 + i]));
+        if (digit < 0 || page == nullptr) return false;
+        bytes[i / 2] = static_cast<char>(static_cast<unsigned char>(bytes[i / 2]) << 4 | digit);
+    }
+    std::size_t end = 0;
+    // A character of one byte stands in the low half.
+    const std::string_view character(bytes[0] == 0 ? bytes + 1 : bytes, bytes[0] == 0 ? 1 : 2);
+    code = page->decode(character, end);
+    return end == character.size() && code != 0xFFFD;
 }
 
 void appendUnicodeForm(std::string& out, char32_t code)
@@ -67,6 +87,8 @@ void decode(std::string_view s, Take take)
         } else if (s[at] == '\\' && unicodeForm(s, at, code)) {
             form = true;
             at += 7;
+        } else if (s[at] == '\\' && multiByteForm(s, at, code)) {
+            at += 8;
         } else {
             code = text::decodeUtf8(s, at);
         }

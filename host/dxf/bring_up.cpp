@@ -75,6 +75,41 @@ bool dropEmbedded(Record& record)
     return true;
 }
 
+/// Before R13 dimension styles name the blocks of their arrows; now they point to block records.
+void pointToArrows(Drawing& drawing, Index index)
+{
+    struct Arrow
+    {
+        int was, is;
+    };
+    for (const Arrow& arrow : {Arrow{5, 342}, Arrow{6, 343}, Arrow{7, 344}}) {
+        const TagList& tags = drawing.at(index).tags;
+        const auto place = tags.find(arrow.was);
+        if (place == tags.end() || !(*place).isText()) continue;
+        std::string name((*place).text());
+        if (!name.empty() && drawing.findRecord(TableId::blockRecord, name) == kNone)
+            name.insert(0, "_"); // the host's own arrows
+        const Index block = name.empty() ? kNone : drawing.findRecord(TableId::blockRecord, name);
+        TagList fresh;
+        if (block != kNone) fresh.addHandle(arrow.is, drawing.at(block).handle);
+        TagList& changed = drawing.edit(index).tags;
+        if (fresh.empty()) changed.erase(changed.find(arrow.was));
+        else changed.replace(changed.find(arrow.was), fresh);
+    }
+}
+
+/// Header variables that later versions keep elsewhere.
+void dropOldVariables(HeaderVariables& header)
+{
+    for (const std::string_view name :
+         {"$ATTDIA",   "$ATTREQ",   "$AXISMODE",    "$AXISUNIT", "$BLIPMODE",
+          "$COORDS",   "$DRAGMODE", "$FASTZOOM",    "$FLATLAND", "$GRIDMODE",
+          "$GRIDUNIT", "$HANDLING", "$HIGHLIGHT",   "$OSMODE",   "$PFACEVMAX",
+          "$SNAPANG",  "$SNAPBASE", "$SNAPISOPAIR", "$SNAPMODE", "$SNAPSTYLE",
+          "$SNAPUNIT", "$VIEWCTR",  "$VIEWDIR",     "$VIEWSIZE", "$VIEWTWIST"})
+        header.remove(name);
+}
+
 } // namespace
 
 void bringUp(Drawing& drawing, std::string_view version, Warnings& warnings)
@@ -82,6 +117,11 @@ void bringUp(Drawing& drawing, std::string_view version, Warnings& warnings)
     drawing.header.setText("$ACADVER", 1, "AC1027");
     if (version == "AC1027") return;
     bringUpClasses(drawing);
+    if (version < kFirstMarkedVersion) {
+        dropOldVariables(drawing.header);
+        for (const Index style : drawing.tableRecords(TableId::dimstyle))
+            pointToArrows(drawing, style);
+    }
     std::size_t embedded = 0, bodies = 0;
     for (Index i = 0; i < drawing.recordCount(); ++i) {
         const Kind kind = drawing.at(i).kind();

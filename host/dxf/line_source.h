@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Lines of a file or of text in memory, one after the other. A file passes through one window of
-// memory, so its size does not matter; a line is valid until the next one is asked for.
+// Lines of a file or of text in memory, one after the other, or its bytes. A file passes through
+// one window of memory, so its size does not matter; a line is valid until the next one is asked
+// for.
 #pragma once
 
 #include <cstdint>
@@ -49,6 +50,13 @@ public:
         }
         return next(line);
     }
+    // Bytes of a file that has no lines; valid until the next call. False when fewer are left.
+    /// Moves behind these bytes; false, and nothing done, when others stand there.
+    bool skip(std::string_view bytes);
+    bool take(std::size_t count, std::string_view& bytes);
+    /// Those in front of the next `mark`, and moves behind it.
+    bool takeUpTo(char mark, std::string_view& bytes);
+
     /// Number of the last line, from 1.
     std::uint64_t number() const { return number_; }
     /// errno of a read error, else 0.
@@ -65,6 +73,8 @@ private:
     }
     /// Brings a whole line, or the rest of the file, into the window. False when nothing is left.
     bool refill();
+    /// Reads on behind what is left in the window. Gives how many bytes came.
+    std::size_t readOn();
 
     static constexpr std::size_t kWindow = std::size_t{1} << 20;
     const char* at_ = nullptr;

@@ -27,9 +27,12 @@ Loaded loadLines(LineSource& lines, std::string file)
         parser.run();
         loaded.version = parser.version();
         loader.finish();
-        mendStructure(*loaded.drawing, warnings);
+        // What old versions did not know is no fault of their files.
+        Warnings untold;
+        Warnings& ofStructure = loader.isOld() ? untold : warnings;
+        mendStructure(*loaded.drawing, ofStructure);
         bringUp(*loaded.drawing, loaded.version, warnings);
-        completeDrawing(*loaded.drawing, warnings);
+        completeDrawing(*loaded.drawing, ofStructure);
     } catch (const Fail& fail) {
         refuse(fail.error);
     } catch (const std::bad_alloc&) {

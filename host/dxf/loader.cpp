@@ -2,6 +2,7 @@
 // Hanging records into a drawing in the order of the file.
 #include "loader.h"
 
+#include "drawing/markers.h"
 #include "drawing/text.h"
 
 namespace orvald::dxf {
@@ -39,6 +40,28 @@ std::vector<Warning> Warnings::take()
 void Loader::variable(std::string_view variableName, const TagList& value)
 {
     drawing_.header.need(variableName) = value;
+    if (variableName == "$ACADVER") old_ = value.text(1) < kFirstMarkedVersion;
+}
+
+void Loader::warnUnlessOld(std::uint64_t line, std::string text)
+{
+    if (!old_) warn(line, std::move(text));
+}
+
+void Loader::bringUpName(Record& record) const
+{
+    const std::string_view name = record.name();
+    const std::string_view space = sameName(name, "$MODEL_SPACE")   ? "*Model_Space"
+                                   : sameName(name, "$PAPER_SPACE") ? "*Paper_Space"
+                                                                    : "";
+    if (space.empty()) return;
+    for (const int code : {2, 3}) {
+        const auto place = record.tags.find(code);
+        if (place == record.tags.end()) continue;
+        TagList fresh;
+        fresh.addText(code, space);
+        record.tags.replace(place, fresh);
+    }
 }
 
 void Loader::rawSection(std::string_view sectionName, std::string&& text)
@@ -49,7 +72,7 @@ void Loader::rawSection(std::string_view sectionName, std::string&& text)
 Index Loader::takeIn(Record&& record, std::uint64_t line)
 {
     if (record.handle == 0) {
-        warn(line, std::string(record.typeName()) + " without a handle gets a new one");
+        warnUnlessOld(line, std::string(record.typeName()) + " without a handle gets a new one");
         unnamed_.push_back(drawing_.addUnnamed(std::move(record)));
         return unnamed_.back();
     }
@@ -77,6 +100,12 @@ void Loader::record(Section section, Record&& record, std::uint64_t line)
     if (section == Section::objects ? !mayBeObject(kind)
                                     : section != Section::tables && !mayBeEntity(kind))
         fail(line, record, "does not belong into this section");
+    if (old_) {
+        const std::int64_t flags =
+            openEntity_ == kNone ? 0 : drawing_.at(openEntity_).tags.integer(70);
+        addMarkers(record, flags);
+        if (kind == Kind::block || kind == Kind::blockRecord) bringUpName(record);
+    }
     const Index index = takeIn(std::move(record), line);
     switch (section) {
     case Section::tables:
@@ -146,7 +175,7 @@ Index Loader::needBlockRecord(std::string_view blockName, std::uint64_t line)
 {
     const Index known = drawing_.findRecord(TableId::blockRecord, blockName);
     if (known != kNone) return known;
-    warn(line, "block " + quoted(blockName) + " has no BLOCK_RECORD: one is made");
+    warnUnlessOld(line, "block " + quoted(blockName) + " has no BLOCK_RECORD: one is made");
     Record made(Kind::blockRecord, Family::tableRecord);
     made.tags.addText(100, "AcDbSymbolTableRecord");
     made.tags.addText(100, recordMarker(TableId::blockRecord));

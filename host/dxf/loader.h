@@ -38,6 +38,8 @@ public:
 
     /// After the last part: closes what is open and gives the missing handles.
     void finish();
+    /// The file is of a version in which handles, owners and markers may be missing.
+    bool isOld() const { return old_; }
 
 private:
     using Index = drawing::Index;
@@ -55,8 +57,14 @@ private:
     Index needBlockRecord(std::string_view name, std::uint64_t line);
     void setOwner(Index index, Index owner, std::uint64_t line);
 
+    /// Warns of what old versions do not have anyway.
+    void warnUnlessOld(std::uint64_t line, std::string text);
+    /// What R12 names otherwise: blocks of the spaces.
+    void bringUpName(drawing::Record& record) const;
+
     drawing::Drawing& drawing_;
     Warnings& warnings_;
+    bool old_ = false;
     std::vector<Index> unnamed_;
     Section section_ = Section::tables;
     Index openBlock_ = drawing::kNone;  // block record between BLOCK and ENDBLK

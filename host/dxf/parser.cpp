@@ -33,7 +33,7 @@ void Parser::need()
 std::string_view Parser::plainText()
 {
     bool foreign = false; // told for the groups of records only
-    return readText(in_.value(), form_.utf8, scratch_, foreign);
+    return readText(in_.value(), form_.page, scratch_, foreign);
 }
 
 void Parser::run()
@@ -47,12 +47,9 @@ void Parser::run()
         need();
     }
     if (version_.empty()) in_.fail("no version ($ACADVER) in the header");
-    LineSource& rest = in_.lines();
-    for (std::string_view line; rest.next(line);) {
-        if (line.empty() || line == "\x1A") continue;
-        handler_.warn(rest.number(), "text after the end of the drawing is left out");
-        break;
-    }
+    std::uint64_t line = 0;
+    if (in_.linesBehind(line) != 0)
+        handler_.warn(line, "text after the end of the drawing is left out");
     warnSums();
 }
 
@@ -63,7 +60,9 @@ void Parser::warnSums()
             handler_.warn(first, std::to_string(count) + (count == 1 ? " value " : " values ") +
                                      std::string(what));
     };
-    tell(form_.foreignBytes, form_.firstForeign, "not in UTF-8, taken as ANSI 1252");
+    tell(form_.foreignBytes, form_.firstForeign,
+         form_.page == nullptr ? "not in UTF-8, taken as ANSI 1252"
+                               : "with bytes that the file's code page does not have");
     tell(form_.strangeBinary, form_.firstStrange, "of binary groups not hexadecimal, kept as text");
     tell(form_.unknownGroups, form_.firstUnknown, "of group codes that do not exist, kept as text");
 }
@@ -100,13 +99,28 @@ void Parser::readHeader()
         tags_.take(in_);
         if (name == "$ACADVER") {
             version_ = in_.value();
-            if (!isReadVersion(version_) || version_ < kFirstMarkedVersion)
-                in_.fail("version " + quoted(version_) + " is not read (AC1015 to AC1032 are)");
-            form_.utf8 = version_ >= "AC1021";
+            if (!isReadVersion(version_))
+                in_.fail("version " + quoted(version_) + " is not read (AC1006 to AC1032 are)");
         }
+        // The encoding holds from here on: the variables in front of it are plain ASCII.
+        if (name == "$ACADVER" || name == "$DWGCODEPAGE") setEncoding();
     }
     flush();
     if (!in_.is(0, "ENDSEC")) in_.fail("section HEADER has no ENDSEC");
+}
+
+void Parser::setEncoding()
+{
+    constexpr std::string_view firstUtf8 = "AC1021";
+    if (version_ >= firstUtf8) return; // whatever code page such files tell
+    if (form_.page == nullptr) form_.page = &text::CodePage::ansi1252();
+    if (in_.code() != 3) return;
+    // Old files say "ascii" and mean the code page of their country.
+    const text::CodePage* page = text::CodePage::named(in_.value());
+    if (page != nullptr) form_.page = page;
+    else if (!in_.value().empty() && in_.value() != "ascii")
+        handler_.warn(in_.line() + 1,
+                      "code page " + quoted(in_.value()) + " is unknown: ANSI_1252 is taken");
 }
 
 void Parser::readClasses()
@@ -225,7 +239,9 @@ void Parser::readHeadGroup(Record& record)
         tags_.take(in_);
         return;
     }
-    const bool isHandle = code == (record.kind() == Kind::dimstyle ? 105 : 5);
+    const bool isDimstyle = record.kind() == Kind::dimstyle;
+    if (isDimstyle && code == 5) return tags_.takeText(in_); // before R13 the name of a block
+    const bool isHandle = code == (isDimstyle ? 105 : 5);
     if (braces_ == Braces::extension && code == 360) {
         record.needExtras().extensionDictionary = readHandle(in_);
     } else if (braces_ == Braces::reactors && code == 330) {

@@ -54,6 +54,8 @@ public:
 private:
     void readSection();
     void readHeader();
+    /// From the header variable that has just been read.
+    void setEncoding();
     void readClasses();
     void readTables();
     void readRecords(Section section);

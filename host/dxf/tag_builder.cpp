@@ -64,7 +64,7 @@ void TagBuilder::take(TagBuilder& other)
 void TagBuilder::takeText(const TagReader& in)
 {
     bool foreign = false;
-    list_.addText(in.code(), readText(in.value(), form_.utf8, scratch_, foreign));
+    list_.addText(in.code(), readText(in.value(), form_.page, scratch_, foreign));
     if (foreign && form_.foreignBytes++ == 0) form_.firstForeign = in.line() + 1;
 }
 

@@ -5,15 +5,16 @@
 
 #include "drawing/tags.h"
 #include "tag_reader.h"
+#include "text/code_page.h"
 
 namespace orvald::dxf {
 
 /// What a whole file tells its values.
 struct FileForm
 {
-    bool utf8 = true; // else the code page ANSI 1252
+    const text::CodePage* page = nullptr; // null: UTF-8
     // Mended in passing, counted for the warnings.
-    std::uint64_t foreignBytes = 0;  // texts that were no UTF-8
+    std::uint64_t foreignBytes = 0;  // texts with bytes that the encoding does not have
     std::uint64_t strangeBinary = 0; // binary groups that were no hexadecimal, kept as text
     std::uint64_t unknownGroups = 0; // group codes that do not exist, kept as text
     std::uint64_t firstStrange = 0, firstUnknown = 0, firstForeign = 0; // their first lines
@@ -29,6 +30,8 @@ public:
 
     /// Takes the present group.
     void take(const TagReader& in);
+    /// Takes the present group as a text, whatever its code.
+    void takeText(const TagReader& in);
     /// Takes all groups away from another list.
     void take(TagBuilder& other);
     /// To be called behind the last group; then the list is whole.
@@ -37,7 +40,6 @@ public:
     void clear() { list_.clear(); }
 
 private:
-    void takeText(const TagReader& in);
     void takeBinary(const TagReader& in);
 
     FileForm& form_;

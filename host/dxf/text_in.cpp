@@ -10,6 +10,8 @@
 namespace orvald::dxf {
 namespace {
 
+constexpr char32_t kReplacement = 0xFFFD;
+
 bool isControl(char c) { return static_cast<std::uint8_t>(c) < 0x20 && c != '\t'; }
 
 /// True when the value is plain ASCII without control characters (a tab may stand in text): then it
@@ -34,7 +36,7 @@ bool isPlainAscii(std::string_view value)
 
 } // namespace
 
-std::string_view readText(std::string_view value, bool utf8File, std::string& scratch,
+std::string_view readText(std::string_view value, const text::CodePage* page, std::string& scratch,
                           bool& foreign)
 {
     if (isPlainAscii(value)) return value;
@@ -56,13 +58,20 @@ std::string_view readText(std::string_view value, bool utf8File, std::string& sc
             at += form ? 2 : 1;
             continue;
         }
-        const std::size_t start = at++;
-        char32_t code = byte;
-        if (utf8File && byte >= 0x80) code = text::decodeUtf8(value, at = start);
+        if (byte < 0x80) {
+            scratch += value[at++];
+            continue;
+        }
+        const std::size_t start = at;
+        const char32_t code =
+            page == nullptr ? text::decodeUtf8(value, at) : page->decode(value, at);
         const std::string_view character = value.substr(start, at - start);
-        if (byte >= 0x80 && character.size() == 1) {
+        if (page != nullptr) {
+            foreign = foreign || code == kReplacement;
+            text::appendUtf8(scratch, code);
+        } else if (character.size() == 1) {
+            foreign = true;
             text::appendUtf8(scratch, text::ansiUnit(byte));
-            foreign = foreign || utf8File;
         } else if (text::isSurrogate(code)) { // a careless writer has put it into UTF-8 by itself
             scratch += drawing::fileForm(character);
         } else {

@@ -9,13 +9,6 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-// 0x80 to 0x9F of code page 1252.
-constexpr char16_t kAnsi[32] = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
-};
-
 char32_t told(char32_t code, Lone lone)
 {
     return lone == Lone::replaced && isSurrogate(code) ? kReplacement : code;
@@ -131,11 +124,6 @@ bool isUtf8(std::string_view text)
         at += length;
     }
     return true;
-}
-
-char16_t ansiUnit(unsigned char byte)
-{
-    return byte >= 0x80 && byte < 0xA0 ? kAnsi[byte - 0x80] : char16_t{byte};
 }
 
 } // namespace orvald::text

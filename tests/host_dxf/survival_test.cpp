@@ -104,6 +104,22 @@ void changeAll(Drawing& drawing, std::mt19937& random)
 
 } // namespace
 
+TEST(Survival, EntitiesThatHoldMoreThanGeometryStayWhole)
+{
+    TemporaryFolder folder;
+    const std::string path = folder.file("kinds.dxf"), saved = folder.file("saved.dxf");
+    for (const char* version : {"R2007", "R2010", "R2013", "R2018"}) {
+        SCOPED_TRACE(version);
+        if (runTool("make_dxf.py", "kinds " + std::string(version) + " " + path + " 2>/dev/null"))
+            GTEST_SKIP() << "the other program's library is not installed";
+        const Loaded loaded = load(path);
+        ASSERT_NE(loaded.drawing, nullptr) << loaded.error.message();
+        ASSERT_TRUE(save(*loaded.drawing, saved).good);
+        EXPECT_EQ(runTool("dxf_same.py", path + " " + saved), 0);
+        expectAudited(saved);
+    }
+}
+
 TEST(Survival, WhatOtherApplicationsKeepComesBackObjectByObject)
 {
     TemporaryFolder folder;

@@ -6,6 +6,8 @@
     make_dxf.py mixed COUNT OUT       COUNT mixed entities
     make_dxf.py data COUNT OUT        the same, each with xdata, extension dictionary, two xrecords
     make_dxf.py foreign VERSION OUT   what other applications keep in a drawing, in every form
+    make_dxf.py kinds VERSION OUT     entities that hold more than geometry: solids, images, leaders ...
+    make_dxf.py old R12 OUT           all that R12 can hold; a further word "bin" makes a binary file
 
 Equal arguments give equal geometry: numbers come from a fixed seed.
 """
@@ -14,7 +16,7 @@ import random
 import sys
 
 import ezdxf
-from ezdxf.math import Vec3
+from ezdxf.math import Vec2, Vec3
 
 
 def add_resources(doc):
@@ -29,7 +31,8 @@ def add_resources(doc):
     block.add_line((-7, 0), (7, 0))
     block.add_attdef("NAME", (0, 8), dxfattribs={"height": 2.5, "prompt": "Name?"})
     nested = doc.blocks.new("PLATE")
-    nested.add_lwpolyline([(0, 0), (100, 0), (100, 50), (0, 50)], close=True)
+    outline = nested.add_polyline2d if doc.dxfversion == "AC1009" else nested.add_lwpolyline
+    outline([(0, 0), (100, 0), (100, 50), (0, 50)], close=True)
     nested.add_blockref("BOLT", (20, 25))
     nested.add_blockref("BOLT", (80, 25))
 
@@ -186,18 +189,88 @@ def add_foreign(doc):
     doc.groups.new("*A5").extend(lines[2:5])
 
 
+# A cube as the text of its boundary: what the kinds of solids carry, whatever it says.
+SOLID_TEXT = ["400 0 1 0", "16 Test file 15 ASM 7.0", "25.4 1e-06 1e-10", "body $-1 -1 $-1 $1 $-1 $-1 #"]
+
+
+def add_kinds(doc):
+    add_resources(doc)
+    msp = doc.modelspace()
+    for add in (msp.add_3dsolid, msp.add_region, msp.add_body):
+        if doc.dxfversion < "AC1027":  # later the boundary is binary, in another section
+            add().sat = SOLID_TEXT
+    image = doc.add_image_def("picture.png", (640, 400))
+    msp.add_image(image, (0, 0), (64, 40), rotation=30)
+    underlay = doc.add_underlay_def("plan.pdf", fmt="pdf", name="1")
+    msp.add_underlay(underlay, (10, 10))
+    msp.add_wipeout([(0, 0), (5, 0), (5, 5)])
+    msp.add_mline([(0, 0), (50, 0), (50, 30)])
+    msp.add_mesh().vertices = [(0, 0, 0), (1, 0, 0), (1, 1, 0)]
+    msp.add_helix(10, 5, 3)
+    msp.new_entity("TOLERANCE", {"content": "{\\Fgdt;j}%%v0.1", "dimstyle": "Standard"})
+    msp.add_shape("SHAPE", (1, 1), 2.0)
+    leader = msp.add_multileader_mtext("Standard")
+    leader.set_content("two\nlines")
+    leader.add_leader_line(ezdxf.render.mleader.ConnectionSide.left, [(-20, 15)])
+    leader.build(Vec2(5, 5))
+    for number, dim in enumerate((
+            msp.add_linear_dim(base=(0, 30), p1=(0, 0), p2=(40, 0), angle=15),
+            msp.add_aligned_dim(p1=(0, 0), p2=(40, 10), distance=5),
+            msp.add_radius_dim(center=(0, 0), radius=5, angle=45),
+            msp.add_diameter_dim(center=(0, 0), radius=5, angle=45),
+            msp.add_angular_dim_3p(base=(0, 7), center=(0, 0), p1=(5, 0), p2=(0, 5)),
+            msp.add_ordinate_dim((3, 4), (1, 1), 0))):
+        dim.render()
+    sheet = doc.layout("Layout1")
+    sheet.add_viewport((100, 100), (150, 100), (0, 0), 300)
+
+
+def add_old(doc):
+    add_resources(doc)
+    msp = doc.modelspace()
+    msp.add_line((0, 0), (1, 1), dxfattribs={"linetype": "DASHED_X", "color": 3, "thickness": 2, "extrusion": (0, 0, -1)})
+    msp.add_text("Grün %%c10 ^", dxfattribs={"height": 2, "rotation": 30}).set_placement((5, 5), align=ezdxf.enums.TextEntityAlignment.TOP_RIGHT)
+    msp.add_polyline2d([(0, 0), (5, 0), (5, 5)]).vertices[1].dxf.bulge = 0.5
+    msp.add_polyline3d([(0, 0, 0), (5, 0, 1), (5, 5, 2)])
+    mesh = msp.add_polymesh((2, 2))
+    for i in range(2):
+        for j in range(2):
+            mesh.set_mesh_vertex((i, j), (i, j, i * j))
+    msp.add_polyface().append_face([(0, 0, 0), (1, 0, 0), (1, 1, 0)])
+    msp.add_arc((0, 0), 30, 15, 200)
+    msp.add_circle((0, 0), 3)
+    msp.add_point((1, 2, 3))
+    msp.add_solid([(0, 0), (10, 0), (0, 10), (10, 10)])
+    msp.add_trace([(0, 0), (10, 0), (0, 1), (10, 1)])
+    msp.add_3dface([(0, 0, 0), (1, 0, 0), (1, 1, 1), (0, 1, 1)])
+    msp.add_shape("SHAPE", (1, 1), 2.0)
+    ref = msp.add_blockref("BOLT", (30, 40), dxfattribs={"rotation": 45})
+    ref.add_attrib("NAME", "M12", (32, 42))
+    msp.add_linear_dim(base=(0, 30), p1=(0, 0), p2=(40, 0)).render()
+    msp.add_radius_dim(center=(0, 0), radius=5, angle=45).render()
+    line = msp.add_line((1, 2), (3, 4))
+    line.set_xdata("ORV_TEST", [(1000, "kept"), (1040, 0.5), (1004, b"\x00\xff")])
+    sheet = doc.layout("Layout1")
+    sheet.add_text("sheet", dxfattribs={"height": 5})
+    sheet.add_viewport((100, 100), (150, 100), (0, 0), 300)
+
+
 def main():
     kind, parameter, path = sys.argv[1:4]
-    version = parameter if kind in ("sample", "foreign") else "R2013"
+    version = parameter if kind in ("sample", "foreign", "kinds", "old") else "R2013"
     doc = ezdxf.new(version, setup=False)
     doc.header["$INSUNITS"] = 4
     if kind == "sample":
         add_sample(doc)
     elif kind == "foreign":
         add_foreign(doc)
+    elif kind == "kinds":
+        add_kinds(doc)
+    elif kind == "old":
+        add_old(doc)
     else:
         add_mixed(doc, int(parameter), kind == "data")
-    doc.saveas(path)
+    doc.saveas(path, fmt=sys.argv[4] if len(sys.argv) > 4 else "asc")
 
 
 if __name__ == "__main__":

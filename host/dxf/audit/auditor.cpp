@@ -114,7 +114,10 @@ void Auditor::run()
             }
             watchVersion();
             const bool utf8 = version_.empty() || version_ >= "AC1021";
-            checkValue(in_, utf8, report_);
+            // Before R13 that group of a dimension style is the name of a block.
+            const bool isArrow =
+                !marked_ && in_.code() == 5 && record_.size() != 0 && record_.is("DIMSTYLE");
+            if (!isArrow) checkValue(in_, utf8, report_);
             record_.add(in_.code(), in_.value(), in_.line());
             ended = record_.size() == 1 && record_.is("EOF");
         }
@@ -131,11 +134,9 @@ void Auditor::run()
     } else if (!section_.empty()) {
         misplaced("inside section " + section_);
     }
-    std::string_view line;
-    std::uint64_t rest = 0;
-    while (in_.lines().next(line)) rest += line.empty() || line == "\x1A" ? 0 : 1;
-    if (rest != 0)
-        report_.add({false, "after-end", in_.line() + 2, 0,
+    std::uint64_t first = 0;
+    if (const std::uint64_t rest = in_.linesBehind(first); rest != 0)
+        report_.add({false, "after-end", first, 0,
                      std::to_string(rest) + " lines after the end of the drawing"});
     finish();
 }

@@ -130,7 +130,10 @@ void Auditor::checkLooks()
     } else {
         index_.use(record_, TableId::layer, layer, false);
     }
-    if (hasLineType) index_.use(record_, TableId::ltype, lineType);
+    // Before R13 the table lists only those that have dashes, and CONTINUOUS.
+    const bool implied =
+        !marked_ && (sameName(lineType, "ByLayer") || sameName(lineType, "ByBlock"));
+    if (hasLineType && !implied) index_.use(record_, TableId::ltype, lineType);
 }
 
 void Auditor::checkNames()

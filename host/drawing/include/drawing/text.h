@@ -20,7 +20,7 @@ std::string fileForm(std::u16string_view text);
 /// are no UTF-8 become U+FFFD.
 std::string fileForm(std::string_view utf8);
 
-/// Text of a file form: ^ forms and \U+XXXX resolved, everything else as it stands.
+/// Text of a file form: ^ forms, \U+XXXX and \M+nXXXX resolved, everything else as it stands.
 std::u16string text16(std::string_view fileForm);
 /// The same in UTF-8, a lone surrogate as three bytes.
 std::string text8(std::string_view fileForm);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Drawings as DXF text: reading R2000 to R2018, writing R2013 (AC1027).
+// Drawings as DXF: reading R10 to R2018, text and binary, writing R2013 (AC1027) as text.
 // A loaded drawing is whole and in the form that is written, or it is not loaded: what other
 // versions hold otherwise is brought up on loading, and what was mended stands in the warnings.
 #pragma once

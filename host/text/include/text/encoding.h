@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// UTF-16 as programs hold text, UTF-8 as files and terminals have it, and ANSI 1252 of old files.
+// UTF-16 as programs hold text, and UTF-8 as files and terminals have it.
 // Every function takes any bytes or units. Bytes that are no UTF-8 become U+FFFD, one each.
 #pragma once
 
