@@ -119,17 +119,17 @@ bool Command::setText(std::u16string_view variable, std::u16string_view value)
     return document_.variables().set(variable, node) == SystemVariables::Answer::done;
 }
 
-Wait::Taken PointWait::takeValue(const Token& token) { return take(command_.pointOf(token)); }
+Taken PointWait::takeValue(const Token& token) { return take(command_.pointOf(token)); }
 
-Wait::Taken NumberWait::takeValue(const Token& token) { return take(command_.numberOf(token)); }
+Taken NumberWait::takeValue(const Token& token) { return take(command_.numberOf(token)); }
 
-Wait::Taken IntegerWait::takeValue(const Token& token)
+Taken IntegerWait::takeValue(const Token& token)
 {
     const bool number = token.kind == Token::Kind::number || token.kind == Token::Kind::text;
     return take(number ? readInteger(trimmed(token.text)) : std::nullopt);
 }
 
-Wait::Taken DistanceWait::takeValue(const Token& token)
+Taken DistanceWait::takeValue(const Token& token)
 {
     if (const auto number = command_.numberOf(token)) return take(number);
     const std::optional<Point> point = command_.pointOf(token);
@@ -139,7 +139,7 @@ Wait::Taken DistanceWait::takeValue(const Token& token)
     return Taken::more;
 }
 
-Wait::Taken AngleWait::takeValue(const Token& token)
+Taken AngleWait::takeValue(const Token& token)
 {
     const TypedUnits units = typedUnits(command_.document().variables());
     if (const auto angle = command_.angleOf(token)) {
@@ -155,9 +155,9 @@ Wait::Taken AngleWait::takeValue(const Token& token)
     return Taken::more;
 }
 
-Wait::Taken EntityWait::takeValue(const Token& token) { return take(pickedBy(command_, token)); }
+Taken EntityWait::takeValue(const Token& token) { return take(pickedBy(command_, token)); }
 
-Wait::Taken TextWait::take(const Token& token)
+Taken TextWait::take(const Token& token)
 {
     if (token.kind != Token::Kind::text && token.kind != Token::Kind::number) return Taken::refused;
     text_ = token.text;

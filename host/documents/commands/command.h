@@ -8,6 +8,7 @@
 #pragma once
 
 #include "commands/task.h"
+#include "commands/token.h"
 #include "drawing/drawing.h"
 #include "input_rules.h"
 
@@ -20,26 +21,6 @@
 namespace orvald {
 
 class Document;
-
-/// One argument of a call, or one line that the user typed.
-struct Token
-{
-    enum class Kind : std::uint8_t
-    {
-        text, // empty: Enter
-        number,
-        point,
-        entity, // one, perhaps with the point where it was picked
-        set
-    };
-    Kind kind = Kind::text;
-    std::u16string text; // of a number: as it prints
-    double number = 0.0;
-    std::optional<drawing::Point> point;
-    std::vector<drawing::ObjectId> entities;
-
-    bool isEnter() const { return kind == Kind::text && text.empty(); }
-};
 
 /// Thrown to end a command that cannot go on, with the words for the user.
 struct CommandRefusal
@@ -79,12 +60,6 @@ class Command;
 class Wait
 {
 public:
-    enum class Taken
-    {
-        done,
-        more,   // a further token is wanted
-        refused // does not fit
-    };
     Wait(Command& command, std::u16string_view prompt) : command_(command), prompt_(prompt) {}
     virtual ~Wait() = default;
     Wait(const Wait&) = delete;
@@ -94,7 +69,7 @@ public:
     /// What would have been right, for one that was refused: "a point".
     virtual std::u16string_view wanted() const = 0;
     /// For asking the user.
-    std::u16string_view prompt() const { return prompt_; }
+    virtual std::u16string_view prompt() const { return prompt_; }
 
     bool await_ready() const noexcept { return false; }
     void await_suspend(std::coroutine_handle<> waiting) noexcept;
@@ -312,6 +287,11 @@ public:
     /// The same with one choice, which no Enter ends: one object, or one set.
     SelectionWait changeableOnce();
 
+    /// Corners of the last crossing window of the last selection, in user coordinates; none without
+    /// one.
+    const std::vector<drawing::Point>& crossing() const { return crossing_; }
+    void setCrossing(std::vector<drawing::Point> corners) { crossing_ = std::move(corners); }
+
     // -- what a token means; nothing when it is no such thing
     std::optional<drawing::Point> pointOf(const Token& token);
     std::optional<double> numberOf(const Token& token);
@@ -336,6 +316,7 @@ private:
     Document& document_;
     std::u16string_view name_;
     Wait* waiting_ = nullptr;
+    std::vector<drawing::Point> crossing_;
 };
 
 inline void Wait::await_suspend(std::coroutine_handle<> waiting) noexcept

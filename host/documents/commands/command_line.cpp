@@ -39,9 +39,9 @@ bool CommandLine::give(const Token& token)
     Wait& wait = *running_->command.waiting();
     try {
         switch (wait.take(token)) {
-        case Wait::Taken::refused: return false;
-        case Wait::Taken::more: return true;
-        case Wait::Taken::done: break;
+        case Taken::refused: return false;
+        case Taken::more: return true;
+        case Taken::done: break;
         }
     } catch (...) {
         end();

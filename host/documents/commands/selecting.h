@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Selecting objects for a command: by name, by set, and by the words that a user types.
+// Selecting objects for a command.
 #pragma once
 
 #include "commands/command.h"
+#include "commands/object_chooser.h"
 
-#include <unordered_set>
 #include <vector>
 
 namespace orvald {
@@ -17,25 +17,16 @@ class SelectionWait final : public Wait
 {
 public:
     /// `changeable`: leaves out what stands on locked layers. `once`: the first choice is all.
-    SelectionWait(Command& command, bool changeable, bool once = false)
-        : Wait(command, u"Select objects: "), changeable_(changeable), once_(once)
-    {
-    }
+    SelectionWait(Command& command, bool changeable, bool once = false);
     Taken take(const Token& token) override;
     std::u16string_view wanted() const override { return u"an object"; }
-    /// In the order of their selection.
+    std::u16string_view prompt() const override { return chooser_.prompt(); }
+    /// In the order of their selection; they are the previous selection now.
     std::vector<drawing::Index> await_resume();
 
 private:
-    void put(drawing::Index entity);
-    void putAll(const std::vector<drawing::ObjectId>& entities);
-    Taken choose(const Token& token);
-    Taken takeWord(const Token& token);
-
     bool changeable_, once_;
-    bool removing_ = false;
-    std::vector<drawing::Index> order_;
-    std::unordered_set<drawing::Index> chosen_;
+    ObjectChooser chooser_;
 };
 
 } // namespace orvald

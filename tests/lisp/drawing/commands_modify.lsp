@@ -38,3 +38,15 @@
 (progn (entmake '((0 . "LAYER") (100 . "AcDbSymbolTableRecord") (100 . "AcDbLayerTableRecord") (2 . "Locked") (70 . 4) (62 . 3) (6 . "Continuous"))) (setq d (entmakex '((0 . "POINT") (8 . "Locked") (10 5.0 5.0 0.0)))) (command "_.ERASE" "_ALL" "") (list (count) (cdr (assoc 0 (entget (entlast)))))) ; => (1 "POINT")
 (progn (command "_.MOVE" d "") (getvar "CMDACTIVE"))      ; => 0
 (progn (command "_.COPY" d "" '(0 0) '(1 0)) (count))     ; => 2
+
+; -- selecting by where things are drawn: points, windows, crossing windows, polygons, fences
+(progn (entdel d) (command "_.LAYER" "_U" "*" "" "_.ERASE" "_ALL" "") (setq a (line '(0.0 0.0 0.0) '(4.0 0.0 0.0)) b (line '(0.0 2.0 0.0) '(4.0 2.0 0.0)) c (line '(0.0 4.0 0.0) '(9.0 4.0 0.0))) (defun chosen (args / s) (command "_.SELECT") (apply 'command args) (setq s (ssget "P")) (mapcar '(lambda (e) (if (ssmemb e s) 1 0)) (list a b c))) (count)) ; => 3
+(chosen '((2 2) ""))                                      ; => (0 1 0)
+(chosen '("_W" (-1 -1) (5 3) ""))                         ; => (1 1 0)
+(chosen '("_C" (-1 1) (1 5) ""))                          ; => (0 1 1)
+(chosen '("_W" (-1 -1) (10 5) "_R" (2 2) ""))             ; => (1 0 1)
+(chosen '("_CP" (-1 -1) (5 -1) (5 1) "" ""))              ; => (1 0 0)
+(chosen '("_F" (1 -1) (1 3) "" ""))                       ; => (1 1 0)
+(chosen '((8 3) (1 1) ""))                                ; => (0 1 0)
+(chosen '((1 1) (5 5) "_L" "_U" ""))                      ; => (0 1 0)
+(progn (command "_.ERASE" "_C" '(-1 -1) '(1 3) "") (count)) ; => 1
