@@ -8,7 +8,8 @@ void defineDrawingFunctions(lisp::World& world)
     for (const auto& table :
          {entityFunctions(), selectionFunctions(), tableFunctions(), systemFunctions(),
           commandFunctions(), graphicsFunctions(), curveFunctions(), automationFunctions(),
-          inputFunctions(), pickFunctions()}) {
+          inputFunctions(), pickFunctions(), osnapFunctions(), registryFunctions(),
+          propertyFunctions()}) {
         world.define(table);
     }
     world.setSymbol(u"PAUSE", world.makeString(u"\\")); // where a command waits for the user

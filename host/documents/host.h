@@ -41,6 +41,8 @@ public:
     CommandStack& commands() { return commands_; }
     ObjectDictionary& services() { return services_; }
     ObjectDictionary& systemRegistry() { return systemRegistry_; }
+    /// What programs keep between their runs, as long as the host lives.
+    SettingsTree& settings() { return settings_; }
     ActiveObjects& activeObjects() { return activeObjects_; }
     SelectionSets& selectionSets() { return selectionSets_; }
     OpenObjects& openObjects() { return openObjects_; }
@@ -122,6 +124,7 @@ private:
     std::vector<std::string> programArguments_;
     FaultFence fence_;
     ObjectDictionary services_, systemRegistry_;
+    SettingsTree settings_;
     ActiveObjects activeObjects_;
     CommandStack commands_;
     SelectionSets selectionSets_;

@@ -25,6 +25,12 @@ Transform userToView(Document& document)
 
 } // namespace
 
+double pixelSize(Document& document)
+{
+    const SystemVariables& variables = document.variables();
+    return variables.real(u"VIEWSIZE") / variables.point(u"SCREENSIZE").y;
+}
+
 std::vector<drawing::ObjectId> objectsIn(Document& document, drawing::Border border,
                                          std::span<const Point> corners)
 {
@@ -45,8 +51,7 @@ std::vector<drawing::ObjectId> objectsIn(Document& document, drawing::Border bor
 std::optional<drawing::Hit> objectAt(Document& document, Point place)
 {
     const SystemVariables& variables = document.variables();
-    const double pixel = variables.real(u"VIEWSIZE") / variables.point(u"SCREENSIZE").y;
-    const double reach = pixel * std::max(1, variables.integer(u"PICKBOX"));
+    const double reach = pixelSize(document) * std::max(1, variables.integer(u"PICKBOX"));
     return entityAt(document.drawing(), userToView(document)(place), reach, worldToView(document));
 }
 

@@ -13,6 +13,9 @@ namespace orvald {
 
 class Document;
 
+/// Size of a pixel of the screen in drawing units.
+double pixelSize(Document& document);
+
 /// Objects that a border chooses, newest first. Two corners of a window or a crossing mean the
 /// rectangle between them that is upright in the view.
 std::vector<drawing::ObjectId> objectsIn(Document& document, drawing::Border border,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // System variables, boxes, modules, and functions of the host's windows that have nothing to do
 // without one.
+#include "diesel.h"
 #include "document.h"
 #include "drawing_functions.h"
 #include "host.h"
@@ -133,7 +134,16 @@ Value vports(World& world, Args)
         {world.makeList({number, world.makeList({zero, zero}), world.makeList({one, one})})});
 }
 
-/// Functions of menus, help, the registry and tablets: without windows they do nothing.
+// (menucmd text) -> what "M=..." comes to; nil for what would change a menu
+Value menucmd(World& world, Args args)
+{
+    const std::u16string_view text = args.string(0);
+    const std::size_t sign = text.find(u'=');
+    if (sign != 1 || (text.front() != u'M' && text.front() != u'm')) return Value::nil();
+    return world.makeString(dieselText(world, text.substr(sign + 1)));
+}
+
+/// Functions of menus, help and tablets: without windows they do nothing.
 Value nothing(World&, Args) { return Value::nil(); }
 
 constexpr lisp::Builtin kTable[] = {
@@ -150,16 +160,11 @@ constexpr lisp::Builtin kTable[] = {
     {"help", nothing},
     {"initcommandversion", nothing},
     {"initdia", nothing},
-    {"menucmd", nothing},
+    {"menucmd", menucmd, 1, 1},
     {"menugroup", nothing},
-    {"osnap", nothing, 2, 2},
     {"setfunhlp", nothing},
     {"setvar", setvar, 2, 2},
     {"startapp", startapp, 1, 2},
-    {"vl-registry-delete", nothing},
-    {"vl-registry-descendents", nothing},
-    {"vl-registry-read", nothing},
-    {"vl-registry-write", nothing},
     {"vl-vbaload", nothing},
     {"vl-vbarun", nothing},
     {"vports", vports, 0, 0},

@@ -103,6 +103,9 @@ constexpr Builtin kTable[] = {
     {"vl-vlx-loaded-p", alreadyThere, 1, 1},
     {"vl-unload-vlx", alreadyThere, 1, 1},
     {"vl-bt", alreadyThere, 0, 0},
+    {"*push-error-using-command*", alreadyThere, 0, 0},
+    {"*push-error-using-stack*", alreadyThere, 0, 0},
+    {"*pop-error-mode*", alreadyThere, 0, 0},
 };
 
 } // namespace
@@ -115,7 +118,7 @@ std::span<const std::span<const Builtin>> builtinTables()
         numberBuiltins(),   comparisonBuiltins(), listBuiltins(),       mappingBuiltins(),
         sortBuiltins(),     stringBuiltins(),     textSearchBuiltins(), conversionBuiltins(),
         geometryBuiltins(), symbolBuiltins(),     controlBuiltins(),    printBuiltins(),
-        fileBuiltins(),     directoryBuiltins(),  sessionBuiltins(),
+        fileBuiltins(),     directoryBuiltins(),  sessionBuiltins(),  unitBuiltins(),
     };
     return kTables;
 }

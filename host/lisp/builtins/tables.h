@@ -16,6 +16,7 @@ std::span<const Builtin> sortBuiltins();
 std::span<const Builtin> stringBuiltins();
 std::span<const Builtin> textSearchBuiltins();
 std::span<const Builtin> conversionBuiltins();
+std::span<const Builtin> unitBuiltins();
 std::span<const Builtin> geometryBuiltins();
 std::span<const Builtin> symbolBuiltins();
 std::span<const Builtin> controlBuiltins();
