@@ -22,8 +22,12 @@ endif()
 if(KEX_SANITIZE)
     # Instrumented code makes gcc see paths that there are not.
     target_compile_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE} -fno-omit-frame-pointer
-        -fno-sanitize-recover=undefined -Wno-maybe-uninitialized)
+        -fno-sanitize-recover=undefined $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(kex_flags INTERFACE -fsanitize=${KEX_SANITIZE})
+endif()
+if(KEX_FUZZ)
+    target_compile_options(kex_flags INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(kex_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # Kernel and module code: a processor fault may be thrown out of any instruction (the fault guard).

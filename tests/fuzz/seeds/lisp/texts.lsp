@@ -1,0 +1,11 @@
+(strcat "a\tb\\" (chr 65) (itoa 5) (rtos 1.5 2 3) (strcase "äö" t))
+(substr "hello" 2 3) (wcmatch "A1" "@#,~*x") (vl-string-search "l" "hello")
+(read "'(a \"b\" 1.5e3 #t)") (atof "1e5") (angtos 1.0 1 4) (distof "1'2\"" 3)
+(vl-string->list "abc") (vl-list->string '(65 66)) (vl-prin1-to-string '(1 "x" a))
+(setq f (open "x" "w")) (write-line "line" f) (close f)
+(setq f (open "x" "r")) (read-line f) (read-char f) (close f)
+;| block
+comment |; (vl-sort '(3 1 2) '<) (vl-remove-if 'minusp '(1 -1)) (assoc 1 '((1 . 2)))
+(subst 1 2 '(2 3)) (member 2 '(1 2)) (last '(1 2)) (nth 1 '(1 2)) (reverse '(1 2))
+(polar '(0 0) 1.0 2.0) (angle '(0 0) '(1 1)) (inters '(0 0) '(1 1) '(0 1) '(1 0))
+(logand 5 3) (lsh 1 4) (boole 6 1 2) (gcd 4 6) (rem 7 3) (fix 2.7) (expt 2 10) (sqrt 2)
