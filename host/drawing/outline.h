@@ -7,6 +7,7 @@
 #include "drawing/point.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace orvald::drawing {
