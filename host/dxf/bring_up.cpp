@@ -54,7 +54,8 @@ void joinProxyFormat(Record& record)
     TagList& tags = record.tags;
     const auto version = tags.find(71), maintenance = tags.find(97);
     if (version == tags.end() || maintenance == tags.end() || tags.has(95)) return;
-    const std::int64_t format = ((*version).integer() & 0xFFFF) | (*maintenance).integer() << 16;
+    const auto word = [](Tag tag) { return static_cast<std::uint32_t>(tag.integer()) & 0xFFFF; };
+    const auto format = static_cast<std::int32_t>(word(*version) | word(*maintenance) << 16);
     tags.erase(tags.find(97));
     renumber(tags, tags.find(71), 95);
     TagList fresh;
@@ -82,19 +83,19 @@ void pointToArrows(Drawing& drawing, Index index)
     {
         int was, is;
     };
+    TagList& tags = drawing.edit(index).tags;
     for (const Arrow& arrow : {Arrow{5, 342}, Arrow{6, 343}, Arrow{7, 344}}) {
-        const TagList& tags = drawing.at(index).tags;
-        const auto place = tags.find(arrow.was);
-        if (place == tags.end() || !(*place).isText()) continue;
-        std::string name((*place).text());
-        if (!name.empty() && drawing.findRecord(TableId::blockRecord, name) == kNone)
-            name.insert(0, "_"); // the host's own arrows
-        const Index block = name.empty() ? kNone : drawing.findRecord(TableId::blockRecord, name);
-        TagList fresh;
-        if (block != kNone) fresh.addHandle(arrow.is, drawing.at(block).handle);
-        TagList& changed = drawing.edit(index).tags;
-        if (fresh.empty()) changed.erase(changed.find(arrow.was));
-        else changed.replace(changed.find(arrow.was), fresh);
+        for (auto place = tags.find(arrow.was); place != tags.end(); place = tags.find(arrow.was)) {
+            std::string name((*place).text());
+            if (!name.empty() && drawing.findRecord(TableId::blockRecord, name) == kNone)
+                name.insert(0, "_"); // the host's own arrows
+            const Index block =
+                name.empty() ? kNone : drawing.findRecord(TableId::blockRecord, name);
+            TagList fresh;
+            if (block != kNone) fresh.addHandle(arrow.is, drawing.at(block).handle);
+            if (fresh.empty()) tags.erase(place);
+            else tags.replace(place, fresh);
+        }
     }
 }
 

@@ -17,8 +17,8 @@ using namespace orvald::lisp;
 const std::string& scratchFolder()
 {
     static const std::string folder = [] {
-        const auto path = std::filesystem::temp_directory_path() /
-                          ("orvald_fuzz_" + std::to_string(::getpid()));
+        const auto path =
+            std::filesystem::temp_directory_path() / ("orvald_fuzz_" + std::to_string(::getpid()));
         std::filesystem::create_directories(path);
         return path.string();
     }();
@@ -28,13 +28,15 @@ const std::string& scratchFolder()
 class ImpatientHost : public WorldHost
 {
 public:
+    explicit ImpatientHost(long mostSafePoints) : most_(mostSafePoints) {}
+
     void print(std::u16string_view) override {}
     std::string findFile(std::string_view, std::span<const std::string_view>) override
     {
         return {};
     }
     void releasePickset(std::int32_t) override {}
-    bool takeInterrupt() override { return ++safePoints_ > kMostSafePoints; }
+    bool takeInterrupt() override { return ++safePoints_ > most_; }
     void commandDefined(std::u16string_view, bool) override {}
     /// Every name means a file right in the folder, whatever separators it has.
     std::string filePath(std::u16string_view name) override
@@ -46,17 +48,18 @@ public:
     }
 
 private:
-    static constexpr long kMostSafePoints = 20000;
-    long safePoints_ = 0;
+    long most_, safePoints_ = 0;
 };
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    ImpatientHost host;
+    // Collecting at every safe point shows at once a value that is not kept, and takes its time.
+    const bool stress = size % 4 == 0;
+    ImpatientHost host(stress ? 300 : 20000);
     World world(host, std::size_t{16} << 20);
-    world.stressCollector(size % 4 == 0); // so that a value that is not kept shows at once
+    world.stressCollector(stress);
     const Outcome outcome =
         world.evalText(toUtf16({reinterpret_cast<const char*>(data), size}), "fuzz.lsp");
     if (outcome.ok()) {

@@ -71,8 +71,7 @@ int main(int argc, char** argv)
     std::mt19937 random(std::random_device{}());
     std::size_t runs = 0;
     for (; Clock::now() < end; ++runs) {
-        const std::string input =
-            changed(inputs[random() % inputs.size()], inputs, random);
+        const std::string input = changed(inputs[random() % inputs.size()], inputs, random);
         // Written first: a crash leaves it behind.
         std::ofstream("crash-input", std::ios::binary) << input;
         run(input);

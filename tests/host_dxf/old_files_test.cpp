@@ -140,6 +140,10 @@ TEST(OldFiles, RecordsGetMarkersHandlesAndOwnersOfToday)
     EXPECT_TRUE(found.kinds.empty()) << found.kinds.front().first.text;
     expectAudited(folder.file("new.dxf"));
     EXPECT_TRUE(load(folder.file("new.dxf")).warnings.empty());
+    // A style with two names for one arrow is no reason to write what cannot be read.
+    const Loaded twice = loadText(replaced(oldText(), groups("5 ARROW"), groups("5 ARROW|5 B")));
+    ASSERT_NE(twice.drawing, nullptr);
+    EXPECT_NE(loadText(saveText(*twice.drawing)).drawing, nullptr);
 }
 
 TEST(OldFiles, FilesThatAnotherProgramWritesComeThroughTextAndBinary)

@@ -75,6 +75,9 @@ TEST(Versions, TheNewestLosesOnlyWhatTheWrittenOneDoesNotHave)
     const drawing::TagList& proxy = loaded.drawing->at(loaded.drawing->byHandle(0xA1)).tags;
     EXPECT_EQ(proxy.integer(95), 33 + (104 << 16));
     EXPECT_FALSE(proxy.has(71) || proxy.has(97));
+    // A number beyond 16 bits does not spill over.
+    const Loaded broken = loadGood(replaced(text, groups("97 104"), groups("97 1610612739")));
+    EXPECT_EQ(broken.drawing->at(broken.drawing->byHandle(0xA1)).tags.integer(95), 33 + (3 << 16));
     const drawing::Record& mtext = loaded.drawing->at(loaded.drawing->byHandle(0xA2));
     EXPECT_FALSE(mtext.tags.has(101));
     EXPECT_EQ(mtext.extras()->xdata.text(1000), "kept");
