@@ -21,13 +21,6 @@ Point polar(Point from, double angle, double distance)
 {
     return {from.x + distance * std::cos(angle), from.y + distance * std::sin(angle), from.z};
 }
-/// The angle within one turn counter-clockwise of 0.
-double withinTurn(double angle)
-{
-    const double rest = std::fmod(angle, kTurn);
-    return rest < 0.0 ? rest + kTurn : rest;
-}
-
 /// Centre of the circle through three points of a plane parallel to the user's; nothing when they
 /// lie on a line.
 std::optional<Point> centreOf(Point a, Point b, Point c)

@@ -9,12 +9,23 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <numbers>
 
 namespace orvald {
 
 using drawing::Index;
 using drawing::Point;
 using drawing::Transform;
+
+double withinTurn(double angle)
+{
+    constexpr double kTurn = 2.0 * std::numbers::pi;
+    // A rest this small is a whole turn that rounding has missed.
+    constexpr double kRounding = 1e-14;
+    const double rest = std::fmod(angle, kTurn);
+    const double positive = rest < -kRounding ? rest + kTurn : std::max(rest, 0.0);
+    return positive < kTurn ? positive : 0.0;
+}
 
 UserPlane::UserPlane(const drawing::Drawing& drawing)
     : toWorld_(userToWorld(drawing)),
@@ -26,7 +37,7 @@ UserPlane::UserPlane(const drawing::Drawing& drawing)
 double UserPlane::entityAngle(double user) const
 {
     const Point direction = toEntity_.direction({std::cos(user), std::sin(user), 0.0});
-    return std::atan2(direction.y, direction.x);
+    return withinTurn(std::atan2(direction.y, direction.x));
 }
 
 resbuf& Groups::append(int code)

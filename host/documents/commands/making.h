@@ -13,6 +13,9 @@
 
 namespace orvald {
 
+/// The angle from 0 to below a full turn.
+double withinTurn(double angle);
+
 /// The plane in which the user works.
 class UserPlane
 {
@@ -23,6 +26,7 @@ public:
     drawing::Point user(drawing::Point world) const { return fromWorld_(world); }
     /// Entity coordinates of plane entities that stand in this plane.
     drawing::Point entity(drawing::Point user) const { return toEntity_(user); }
+    /// The same for an angle, from 0 to below a full turn.
     double entityAngle(double user) const;
     drawing::Point normal() const { return toWorld_.z; }
     /// A map of user coordinates as one of world coordinates.

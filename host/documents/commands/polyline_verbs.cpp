@@ -110,8 +110,7 @@ Task<> askWidths(Command& command, Outline& outline, double factor)
 /// Sweep of the arc over the chord about the centre, counter-clockwise.
 double sweepAbout(Point centre, Point from, Point to)
 {
-    const double sweep = std::fmod(angleTo(centre, to) - angleTo(centre, from), kTurn);
-    return sweep < 0.0 ? sweep + kTurn : sweep;
+    return withinTurn(angleTo(centre, to) - angleTo(centre, from));
 }
 
 // ... Angle a, then end point, CEnter or Radius

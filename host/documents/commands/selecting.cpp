@@ -50,6 +50,7 @@ std::optional<Picked> pickedBy(Command& command, const Token& token)
     }
     const Index index = drawing.indexOf(id);
     if (!isInReach(drawing, index)) return std::nullopt;
+    if (at) command.document().variables().setPoint(u"LASTPOINT", *at); // "@" is this one
     return Picked{index, at};
 }
 

@@ -14,22 +14,22 @@ constexpr std::u16string_view kElsewhere[] = {
     u"BOUNDARY",   u"CHAMFER",     u"DDEDIT",      u"DIM",         u"DIM1",      u"DIMALIGNED",
     u"DIMANGULAR", u"DIMBASELINE", u"DIMCONTINUE", u"DIMDIAMETER", u"DIMLINEAR", u"DIMORDINATE",
     u"DIMRADIUS",  u"DIMSTYLE",    u"DIVIDE",      u"DONUT",       u"DRAWORDER", u"DXFIN",
-    u"DXFOUT",     u"ELLIPSE",     u"EXPORT",      u"EXTEND",      u"EXTRUDE",   u"GROUP",
-    u"HATCH",      u"HATCHEDIT",   u"IMAGE",       u"INTERSECT",   u"JOIN",      u"LAYOUT",
-    u"LEADER",     u"LENGTHEN",    u"LIST",        u"MATCHPROP",   u"MEASURE",   u"MENU",
-    u"MINSERT",    u"MLEADER",     u"MLINE",       u"MSLIDE",      u"MSPACE",    u"MTEXT",
-    u"MVIEW",      u"NEW",         u"OOPS",        u"OPEN",        u"OVERKILL",  u"PLOT",
-    u"POLYGON",    u"PROPERTIES",  u"PSPACE",      u"QSAVE",       u"QUIT",      u"REFEDIT",
-    u"REGION",     u"RENAME",      u"REVOLVE",     u"ROTATE3D",    u"SAVE",      u"SAVEAS",
-    u"SCRIPT",     u"SHELL",       u"SKETCH",      u"SOLID",       u"SPLINE",    u"SUBTRACT",
-    u"TABLE",      u"THICKEN",     u"TRACE",       u"UNION",       u"UNITS",     u"VIEW",
-    u"VPORTS",     u"WBLOCK",      u"WIPEOUT",     u"XATTACH",     u"XCLIP",     u"XLINE",
-    u"XREF",
+    u"DXFOUT",     u"ELLIPSE",     u"EXPORT",      u"EXTRUDE",     u"GROUP",     u"HATCH",
+    u"HATCHEDIT",  u"IMAGE",       u"INTERSECT",   u"JOIN",        u"LAYOUT",    u"LEADER",
+    u"LENGTHEN",   u"LIST",        u"MATCHPROP",   u"MEASURE",     u"MENU",      u"MINSERT",
+    u"MLEADER",    u"MLINE",       u"MSLIDE",      u"MSPACE",      u"MTEXT",     u"MVIEW",
+    u"NEW",        u"OOPS",        u"OPEN",        u"OVERKILL",    u"PLOT",      u"POLYGON",
+    u"PROPERTIES", u"PSPACE",      u"QSAVE",       u"QUIT",        u"REFEDIT",   u"REGION",
+    u"RENAME",     u"REVOLVE",     u"ROTATE3D",    u"SAVE",        u"SAVEAS",    u"SCRIPT",
+    u"SHELL",      u"SKETCH",      u"SOLID",       u"SPLINE",      u"SUBTRACT",  u"TABLE",
+    u"THICKEN",    u"TRACE",       u"UNION",       u"UNITS",       u"VIEW",      u"VPORTS",
+    u"WBLOCK",     u"WIPEOUT",     u"XATTACH",     u"XCLIP",       u"XLINE",     u"XREF",
 };
 
 std::span<const Verb> (*const kFamilies[])() = {
-    curveVerbs,  polylineVerbs, textVerbs, moveVerbs,  layerVerbs,   settingVerbs,
-    systemVerbs, viewVerbs,     undoVerbs, blockVerbs, explodeVerbs, changeVerbs};
+    curveVerbs,   polylineVerbs, textVerbs, moveVerbs,   layerVerbs,
+    settingVerbs, systemVerbs,   viewVerbs, undoVerbs,   blockVerbs,
+    explodeVerbs, changeVerbs,   cutVerbs,  offsetVerbs, peditVerbs};
 
 /// "-LAYER" asks at the command line what "LAYER" asks in a dialog; here it is one.
 std::u16string_view withoutDash(std::u16string_view name)
@@ -48,6 +48,14 @@ std::optional<Verb> findVerb(std::u16string_view name)
         if (found != verbs.end()) return *found;
     }
     return std::nullopt;
+}
+
+std::vector<std::u16string_view> verbNames()
+{
+    std::vector<std::u16string_view> names;
+    for (const auto family : kFamilies)
+        for (const Verb& verb : family()) names.push_back(verb.name);
+    return names;
 }
 
 bool isVerbElsewhere(std::u16string_view name)

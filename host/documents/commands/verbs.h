@@ -27,10 +27,15 @@ std::span<const Verb> viewVerbs();     // REGEN, REDRAW
 std::span<const Verb> blockVerbs();    // BLOCK, INSERT
 std::span<const Verb> explodeVerbs();  // EXPLODE
 std::span<const Verb> changeVerbs();   // CHANGE, CHPROP, PURGE
+std::span<const Verb> cutVerbs();      // BREAK, TRIM, EXTEND
+std::span<const Verb> offsetVerbs();   // OFFSET, FILLET, STRETCH
+std::span<const Verb> peditVerbs();    // PEDIT
 std::span<const Verb> undoVerbs();     // UNDO, U, REDO
 
 /// Nothing when the host has no such command.
 std::optional<Verb> findVerb(std::u16string_view name);
+/// The names of all of them.
+std::vector<std::u16string_view> verbNames();
 /// True for a command that is known to programs and that this host does not have.
 bool isVerbElsewhere(std::u16string_view name);
 
