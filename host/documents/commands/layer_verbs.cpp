@@ -190,7 +190,8 @@ Task<> rename(Command& command)
     drawing::Drawing& drawing = command.drawing();
     const Index layer = drawing.findRecord(TableId::layer, drawing::fileForm(from));
     const std::string name = drawing::fileForm(to);
-    if (layer == drawing::kNone || !drawing::isSymbolName(name) ||
+    const bool fixed = drawing::sameName(drawing::fileForm(from), "0");
+    if (layer == drawing::kNone || fixed || !drawing::isSymbolName(name) ||
         !drawing.renameRecord(TableId::layer, layer, name)) {
         command.refuse(from + u" cannot be called " + to);
     }
