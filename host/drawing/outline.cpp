@@ -16,7 +16,8 @@ constexpr double kFar = 1e7; // half of what is told of an endless line
 
 int chordCount(double wanted)
 {
-    return static_cast<int>(std::ceil(std::clamp(wanted, 1.0, kMostChords)));
+    if (!(wanted > 1.0)) return 1; // also for not-a-number
+    return static_cast<int>(std::ceil(std::min(wanted, kMostChords)));
 }
 
 } // namespace

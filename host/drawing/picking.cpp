@@ -117,6 +117,7 @@ template <typename Look>
 void forSeen(const Drawing& drawing, const Look& look)
 {
     std::vector<Index> seen;
+    if (drawing.currentSpace() == kNone) return;
     for (Index entity = drawing.firstChild(drawing.currentSpace()); entity != kNone;
          entity = drawing.next(entity))
         if (drawing.at(entity).isMainEntity() && isSeen(drawing, drawing.at(entity)))
