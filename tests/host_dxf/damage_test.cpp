@@ -73,7 +73,7 @@ TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
         {"", "the file is empty"},
         {"hello\nworld\n", "is no group code"},
         {"AutoCAD Binary DXF\r\n\x1A", "is no group code"},
-        {std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0\x96\0", 36), "is no group code"},
+        {std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0\x96\0", 34), "is no group code"},
         {replaced(good, "  0\nEOF\n", ""), "the file ends too early"},
         {replaced(good, "AC1027", "AC1003"), "is not read"},
         {replaced(good, "$ACADVER", "$OTHER"), "without a header"},
