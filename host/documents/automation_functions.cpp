@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// What stands in for the automation interface: the application, its active document, and the marks
-// around a step to take back. Everything else of it, of dialogs and of reactors is not here, and a
-// call says so.
+// What stands in for the automation interface: the application, its active document with the marks
+// around a step to take back, and a name for each object of the drawing, which the vlax-curve
+// functions take. Everything else of it, of dialogs and of reactors is not here, and a call says
+// so.
 #include "document.h"
 #include "drawing_functions.h"
 #include "text/letters.h"
@@ -26,9 +27,37 @@ constexpr std::u16string_view kDialogFunctions[] = {
     u"UNLOAD_DIALOG", u"VECTOR_IMAGE",
 };
 
+/// Classes by the types of records; what is not among them is an object of the general class.
+struct ClassRow
+{
+    std::string_view type;
+    std::u16string_view className;
+};
+constexpr ClassRow kClasses[] = {
+    {"3DFACE", u"IAcad3DFace"},         {"ARC", u"IAcadArc"},
+    {"ATTDEF", u"IAcadAttribute"},      {"ATTRIB", u"IAcadAttributeReference"},
+    {"BLOCK_RECORD", u"IAcadBlock"},    {"CIRCLE", u"IAcadCircle"},
+    {"DICTIONARY", u"IAcadDictionary"}, {"DIMENSION", u"IAcadDimension"},
+    {"ELLIPSE", u"IAcadEllipse"},       {"HATCH", u"IAcadHatch"},
+    {"INSERT", u"IAcadBlockReference"}, {"LAYER", u"IAcadLayer"},
+    {"LEADER", u"IAcadLeader"},         {"LINE", u"IAcadLine"},
+    {"LTYPE", u"IAcadLineType"},        {"LWPOLYLINE", u"IAcadLWPolyline"},
+    {"MTEXT", u"IAcadMText"},           {"POINT", u"IAcadPoint"},
+    {"POLYLINE", u"IAcadPolyline"},     {"RAY", u"IAcadRay"},
+    {"SOLID", u"IAcadSolid"},           {"SPLINE", u"IAcadSpline"},
+    {"STYLE", u"IAcadTextStyle"},       {"TEXT", u"IAcadText"},
+    {"XLINE", u"IAcadXline"},
+};
+
+void requireAnyObject(World& world, Value value)
+{
+    if (value.kind() != lisp::Kind::vlaObject) world.badArgument("VLA-OBJECT", value);
+}
+
 void requireObject(World& world, Value value, std::u16string_view className)
 {
-    if (value.kind() != lisp::Kind::vlaObject || world.vlaClass(value) != className)
+    requireAnyObject(world, value);
+    if (world.vlaClass(value) != className || world.isVlaReleased(value))
         world.badArgument("VLA-OBJECT", value);
 }
 
@@ -95,23 +124,54 @@ Value invokeMethod(World& world, Args args)
     notAvailable(world, u"vlax-invoke-method", args);
 }
 
-// (vlax-release-object object) -> nil: nothing is held
+// (vlax-ename->vla-object ename) -> the object
+Value objectOfName(World& world, Args args)
+{
+    const drawing::Drawing& drawing = Document::of(world).drawing();
+    const drawing::Index index = drawing.indexOf({args.entity(0)});
+    if (index == drawing::kNone || drawing.isGone(index)) world.badArgument("lentityp", args[0]);
+    const auto known = std::ranges::find(kClasses, drawing.at(index).typeName(), &ClassRow::type);
+    return world.makeVlaObject(known == std::end(kClasses) ? u"IAcadObject" : known->className,
+                               args[0]);
+}
+
+// (vlax-vla-object->ename object) -> ename
+Value nameOfObject(World& world, Args args)
+{
+    requireAnyObject(world, args[0]);
+    const Value entity = world.vlaEntity(args[0]);
+    if (entity.isNil() || world.isVlaReleased(args[0])) world.badArgument("VLA-OBJECT", args[0]);
+    return entity;
+}
+
+// (vlax-release-object object) -> 0: the references that are left
 Value releaseObject(World& world, Args args)
 {
-    if (args[0].kind() != lisp::Kind::vlaObject) world.badArgument("VLA-OBJECT", args[0]);
-    return Value::nil();
+    requireAnyObject(world, args[0]);
+    world.releaseVla(args[0]);
+    return Value::integer(0);
+}
+
+// (vlax-object-released-p object) -> T or nil
+Value isReleased(World& world, Args args)
+{
+    requireAnyObject(world, args[0]);
+    return world.boolean(world.isVlaReleased(args[0]));
 }
 
 constexpr lisp::Builtin kTable[] = {
     {"vla-EndUndoMark", endUndoMark, 1, 1},
     {"vla-StartUndoMark", startUndoMark, 1, 1},
     {"vla-get-ActiveDocument", activeDocument, 1, 1},
+    {"vlax-ename->vla-object", objectOfName, 1, 1},
     {"vlax-get", getProperty, 2, 2},
     {"vlax-get-acad-object", acadObject, 0, 0},
     {"vlax-get-property", getProperty, 2},
     {"vlax-invoke", invokeMethod, 2},
     {"vlax-invoke-method", invokeMethod, 2},
+    {"vlax-object-released-p", isReleased, 1, 1},
     {"vlax-release-object", releaseObject, 1, 1},
+    {"vlax-vla-object->ename", nameOfObject, 1, 1},
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// The vlax-curve functions: entities as curves. Points in world coordinates, parameters and lengths
-// as the curve has them; what the curve does not have (beyond its ends, beside it, the area of one
-// that does not lie in a plane) is nil.
+// The vlax-curve functions: entities, by name or as automation objects, as curves. Points in world
+// coordinates, parameters and lengths as the curve has them; what the curve does not have (beyond
+// its ends, beside it, the area of one that does not lie in a plane) is nil.
 #include "document.h"
 #include "drawing/curve.h"
 #include "drawing_functions.h"
@@ -22,7 +22,10 @@ using lisp::World;
 Curve curveArgument(World& world, Args args)
 {
     const drawing::Drawing& drawing = Document::of(world).drawing();
-    const drawing::Index index = drawing.indexOf({args.entity(0)});
+    const Value stand = args[0];
+    const bool isObject = stand.kind() == lisp::Kind::vlaObject && !world.isVlaReleased(stand);
+    const Value name = isObject ? world.vlaEntity(stand) : stand;
+    const drawing::Index index = drawing.indexOf({Args(world, &name, 1).entity(0)});
     std::optional<Curve> curve;
     if (index != drawing::kNone && !drawing.at(index).erased) curve = Curve::of(drawing, index);
     if (!curve) world.badArgument("curve", args[0]);

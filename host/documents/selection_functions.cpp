@@ -78,6 +78,26 @@ bool isReachable(const drawing::Drawing& drawing, drawing::Index entity)
     return layer == drawing::kNone || (drawing.at(layer).tags.integer(70) & kFrozen) == 0;
 }
 
+/// Ways of selecting by points.
+struct Shape
+{
+    std::u16string_view method;
+    drawing::Border border;
+    std::size_t least, most; // points
+};
+
+const Shape* shapeOf(std::u16string_view method)
+{
+    constexpr std::size_t kMany = std::numeric_limits<std::size_t>::max();
+    static constexpr Shape kShapes[] = {
+        {u"W", drawing::Border::window, 2, 2},      {u"C", drawing::Border::crossing, 2, 2},
+        {u"WP", drawing::Border::window, 3, kMany}, {u"CP", drawing::Border::crossing, 3, kMany},
+        {u"F", drawing::Border::fence, 2, kMany},
+    };
+    const auto shape = std::ranges::find(kShapes, method, &Shape::method);
+    return shape == std::end(kShapes) ? nullptr : &*shape;
+}
+
 /// What ssget is asked for.
 struct Request
 {
@@ -100,11 +120,13 @@ Request readRequest(World& world, Args args)
         request.unlockedOnly = mode.find(u":L", colon) != std::u16string::npos;
         request.single = mode.find(u":S", colon) != std::u16string::npos;
     }
+    // A group with a point looks like a list of points: only these ways begin with one.
+    const bool byPoints = shapeOf(request.method) != nullptr;
     for (; next < args.size(); ++next) {
         const Value value = args[next];
         if (isPoint(value)) {
             request.points.push_back(pointOf(args.point(next)));
-        } else if (isPoint(lisp::car(value))) {
+        } else if (byPoints && request.points.empty() && isPoint(lisp::car(value))) {
             for (Value rest = value; rest.isCons(); rest = rest.asCons()->cdr)
                 request.points.push_back(pointOf(Args(world, &rest.asCons()->car, 1).point(0)));
         } else if (value.isCons() && next + 1 == args.size()) {
@@ -144,26 +166,6 @@ std::vector<ObjectId> idsOf(const std::vector<std::uint64_t>& entities)
     ids.reserve(entities.size());
     for (const std::uint64_t entity : entities) ids.push_back({entity});
     return ids;
-}
-
-/// Ways of selecting by points.
-struct Shape
-{
-    std::u16string_view method;
-    drawing::Border border;
-    std::size_t least, most; // points
-};
-
-const Shape* shapeOf(std::u16string_view method)
-{
-    constexpr std::size_t kMany = std::numeric_limits<std::size_t>::max();
-    static constexpr Shape kShapes[] = {
-        {u"W", drawing::Border::window, 2, 2},      {u"C", drawing::Border::crossing, 2, 2},
-        {u"WP", drawing::Border::window, 3, kMany}, {u"CP", drawing::Border::crossing, 3, kMany},
-        {u"F", drawing::Border::fence, 2, kMany},
-    };
-    const auto shape = std::ranges::find(kShapes, method, &Shape::method);
-    return shape == std::end(kShapes) ? nullptr : &*shape;
 }
 
 std::vector<ObjectId> select(World& world, const Request& request)

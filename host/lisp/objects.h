@@ -80,11 +80,13 @@ struct File : Object
     bool writes = false;
 };
 
-/// Stands for an object of the host's automation interface; its class is all that it has.
+/// Stands for an object of the host's automation interface.
 struct VlaObject : Object
 {
     VlaObject() : Object(Kind::vlaObject) {}
     std::u16string className;
+    Value entity; // what it stands for in a drawing, nil for none
+    bool released = false;
 };
 
 struct CaughtError : Object

@@ -96,11 +96,17 @@ void appendObject(std::u16string& text, const Object* object, Quoting quoting)
         appendQuoted(text, static_cast<const File*>(object)->name);
         text.push_back(u'>');
         break;
-    case Kind::vlaObject:
+    case Kind::vlaObject: {
+        const auto* stand = static_cast<const VlaObject*>(object);
         text += u"#<VLA-OBJECT ";
-        text += static_cast<const VlaObject*>(object)->className;
+        text += stand->className;
+        if (stand->entity.isEntity()) {
+            text.push_back(u' ');
+            appendHex(text, stand->entity.asEntity());
+        }
         text.push_back(u'>');
         break;
+    }
     default: text += u"#<%catch-all-apply-error%>";
     }
 }

@@ -103,16 +103,32 @@ Value World::makePickset(std::int32_t set)
     return Value::object(pickset);
 }
 
-Value World::makeVlaObject(std::u16string_view className)
+Value World::makeVlaObject(std::u16string_view className, Value entity)
 {
     auto* object = evaluator_->heap.make<VlaObject>();
     object->className = className;
+    object->entity = entity;
     return Value::object(object);
 }
 
 std::u16string_view World::vlaClass(Value object) const
 {
     return static_cast<const VlaObject*>(object.asObject())->className;
+}
+
+Value World::vlaEntity(Value object) const
+{
+    return static_cast<const VlaObject*>(object.asObject())->entity;
+}
+
+bool World::isVlaReleased(Value object) const
+{
+    return static_cast<const VlaObject*>(object.asObject())->released;
+}
+
+void World::releaseVla(Value object)
+{
+    static_cast<VlaObject*>(object.asObject())->released = true;
 }
 
 std::int32_t World::picksetNumber(Value pickset) const

@@ -17,6 +17,12 @@
 (kinds (ssget "X" '((-4 . "<OR") (-4 . ">") (40 . 5.0) (62 . 1) (-4 . "OR>")))) ; => ("ARC" "LINE")
 (kinds (ssget "X" '((62 . 256))))           ; => ("ARC" "CIRCLE")
 (kinds (ssget "X" '((-4 . ">=,*,*") (10 5.0 0.0 0.0)))) ; => ("ARC" "CIRCLE")
+; a filter that begins with a point or with extended data is no list of points
+(kinds (ssget "X" '((10 5.0 5.0 0.0))))     ; => ("ARC" "CIRCLE")
+(regapp "MARK")
+(entmod (list (cons -1 arc) '(-3 ("MARK" (1070 . 1)))))
+(list (kinds (ssget "X" '((-3 ("MA*"))))) (ssget "_X" '((-3 ("OTHER"))))) ; => (("ARC") nil)
+(kinds (ssget "_WP" '((0 0) (9 0) (9 9) (0 9)) '((10 5.0 5.0 0.0)))) ; => ("CIRCLE")
 (ssget "X" '((-4 . "<OR") (0 . "LINE")))    ; ! bad SSGET list
 (ssget "X" '((0 . 5)))                      ; ! bad DXF group: (0 . 5)
 (ssget "Q")                                 ; ! bad SSGET mode string

@@ -193,8 +193,13 @@ public:
     Value makeList(std::initializer_list<Value> items);
     Value makePickset(std::int32_t set);
     std::int32_t picksetNumber(Value pickset) const;
-    Value makeVlaObject(std::u16string_view className);
-    std::u16string_view vlaClass(Value object) const; // of a value of that kind
+    /// `entity`: the database object that it stands for, nil for none.
+    Value makeVlaObject(std::u16string_view className, Value entity = Value::nil());
+    // of a value of that kind
+    std::u16string_view vlaClass(Value object) const;
+    Value vlaEntity(Value object) const;
+    bool isVlaReleased(Value object) const;
+    void releaseVla(Value object);
     Value t() const { return t_; }
     Value boolean(bool value) const { return value ? t_ : Value::nil(); }
 
