@@ -78,6 +78,18 @@ bool readBytes(const std::string& path, std::string& bytes)
     return in.is_open() && !in.bad();
 }
 
+/// Draws the current drawing; what the picture lacks is said, not an error.
+int writePicture(const std::string& path, const Options& options, Session& session)
+{
+    std::string problem, remark;
+    if (!session.picture(path, options.look, problem, remark)) {
+        say(problem);
+        return kNoOutput;
+    }
+    if (!remark.empty() && !options.session.quiet) say(remark);
+    return kWell;
+}
+
 /// Writes what was asked for after a good run.
 int writeResults(const Options& options, Session& session)
 {
@@ -86,9 +98,9 @@ int writeResults(const Options& options, Session& session)
         say(problem);
         return kNoOutput;
     }
-    if (!options.picture.empty() && !session.picture(options.picture, problem)) {
-        say(problem);
-        return kNoOutput;
+    if (!options.picture.empty()) {
+        const int status = writePicture(options.picture, options, session);
+        if (status != kWell) return status;
     }
     return session.moduleFaulted() ? kModuleFault : kWell;
 }
@@ -217,10 +229,7 @@ int draw(const Options& options)
     const Evaluation last = evaluate(*session, programs, options.expressions);
     session->finishOutput();
     if (!last.ok) return report(*session, last);
-    std::string problem;
-    if (session->picture(words[1], problem)) return kWell;
-    say(problem);
-    return kNoOutput;
+    return writePicture(words[1], options, *session);
 }
 
 int data(const Options& options)

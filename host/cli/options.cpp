@@ -2,6 +2,8 @@
 #include "options.h"
 
 #include <array>
+#include <charconv>
+#include <cmath>
 #include <functional>
 
 namespace orvald::cli {
@@ -13,13 +15,51 @@ struct Row
     std::string_view name, shortName;
     bool takesValue;
     void (*apply)(Options& options, const std::string& value);
+    /// What a value must be; none: anything.
+    bool (*fits)(const std::string& value) = nullptr;
+    std::string_view takes = {}; // "a number of pixels"
 };
+
+/// Reads `count` numbers with commas between them; false for anything else.
+bool readNumbers(std::string_view text, double* numbers, int count)
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    for (int i = 0; i < count; ++i) {
+        if (i > 0 && (at == end || *at++ != ',')) return false;
+        const auto read = std::from_chars(at, end, numbers[i]);
+        if (read.ec != std::errc{} || !std::isfinite(numbers[i])) return false;
+        at = read.ptr;
+    }
+    return at == end;
+}
+
+constexpr int kMostPixels = 16384;
+bool isPixels(const std::string& value)
+{
+    double n = 0.0;
+    return readNumbers(value, &n, 1) && n >= 0.0 && n <= kMostPixels && n == std::floor(n);
+}
+int pixels(const std::string& value)
+{
+    double n = 0.0;
+    readNumbers(value, &n, 1);
+    return static_cast<int>(n);
+}
+bool isWindow(const std::string& value)
+{
+    double n[4];
+    return readNumbers(value, n, 4) && n[0] < n[2] && n[1] < n[3];
+}
+bool isSetting(const std::string& value) { return value.find('=') != std::string::npos; }
+bool isAnswer(const std::string& value) { return value == "ok" || value == "cancel"; }
 
 constexpr std::array kRows = {
     Row{"--home", "", true, [](Options& o, const std::string& v) { o.session.home = v; }},
     Row{"--load", "", true, [](Options& o, const std::string& v) { o.session.modules.push_back(v); }},
     Row{"--no-kernel", "", false, [](Options& o, const std::string&) { o.session.kernel.clear(); }},
-    Row{"--boxes", "", true, [](Options& o, const std::string& v) { o.session.boxesOk = v == "ok"; }},
+    Row{"--boxes", "", true, [](Options& o, const std::string& v) { o.session.boxesOk = v == "ok"; },
+        isAnswer, "ok or cancel"},
     Row{"--quiet", "-q", false, [](Options& o, const std::string&) { o.session.quiet = true; }},
     Row{"--verbose", "-v", false, [](Options& o, const std::string&) { o.session.verbose = true; }},
     Row{"--help", "-h", false, [](Options& o, const std::string&) { o.help = true; }},
@@ -28,6 +68,20 @@ constexpr std::array kRows = {
     Row{"--save", "-s", true, [](Options& o, const std::string& v) { o.save = v; }},
     Row{"--picture", "", true, [](Options& o, const std::string& v) { o.picture = v; }},
     Row{"--answers", "", true, [](Options& o, const std::string& v) { o.answers = v; }},
+    Row{"--width", "", true, [](Options& o, const std::string& v) { o.look.width = pixels(v); },
+        isPixels, "pixels"},
+    Row{"--height", "", true, [](Options& o, const std::string& v) { o.look.height = pixels(v); },
+        isPixels, "pixels"},
+    Row{"--margin", "", true, [](Options& o, const std::string& v) { o.look.margin = pixels(v); },
+        isPixels, "pixels"},
+    Row{"--dark", "", false, [](Options& o, const std::string&) { o.look.dark = true; }},
+    Row{"--thin", "", false, [](Options& o, const std::string&) { o.look.lineWeights = false; }},
+    Row{"--layout", "", true, [](Options& o, const std::string& v) { o.look.layout = v; }},
+    Row{"--window", "", true,
+        [](Options& o, const std::string& v) {
+            readNumbers(v, o.look.window.emplace().data(), 4);
+        },
+        isWindow, "LEFT,BOTTOM,RIGHT,TOP"},
     Row{"--from-text", "", true, [](Options& o, const std::string& v) { o.fromText = v; }},
     Row{"--trace", "", false, [](Options& o, const std::string&) { o.session.trace = true; }},
     Row{"--time", "", false, [](Options& o, const std::string&) { o.time = true; }},
@@ -39,7 +93,8 @@ constexpr std::array kRows = {
             const std::size_t equals = v.find('=');
             o.session.variables.emplace_back(
                 v.substr(0, equals), equals == std::string::npos ? "" : v.substr(equals + 1));
-        }},
+        },
+        isSetting, "NAME=VALUE"},
 };
 
 const Row* findRow(std::string_view name)
@@ -89,12 +144,8 @@ std::optional<Options> readOptions(const std::vector<std::string>& arguments, st
             problem = std::string(row->name) + " takes no value";
             return std::nullopt;
         }
-        if (row->name == "--boxes" && value != "ok" && value != "cancel") {
-            problem = "--boxes takes ok or cancel";
-            return std::nullopt;
-        }
-        if (row->name == "--set" && value.find('=') == std::string::npos) {
-            problem = "--set takes NAME=VALUE";
+        if (row->fits != nullptr && !row->fits(value)) {
+            (problem = row->name).append(" takes ").append(row->takes);
             return std::nullopt;
         }
         row->apply(options, value);
@@ -118,6 +169,11 @@ std::string_view helpText()
       -d, --drawing FILE.dxf       in this drawing
   orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
       --overlay [PROGRAM.lsp ...]  with the temporary graphics that programs and -e EXPR draw on it
+      --width N, --height N, --margin N    pixels (else 1600, as what is drawn asks, and 40)
+      --dark                       on a dark background, else on white
+      --thin                       without line weights, else as on a sheet A3
+      --layout NAME                this layout instead of the model
+      --window X1,Y1,X2,Y2         this part of it; all these serve --picture too
   orvald info FILE.dxf [--json]    what is in a drawing: version, units, extents, counts by kind, layers,
                                    layouts, blocks, external references, kinds of other applications
   orvald check FILE.dxf [--json]   every problem in a drawing file with its line, handle and kind, then

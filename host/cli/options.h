@@ -33,6 +33,7 @@ struct Options
     std::vector<std::string> program; // run: words behind "--"
     std::string drawing, save, picture, answers, fromText;
     std::vector<std::string> expressions; // -e
+    PictureOptions look;                  // of draw and --picture
     bool time = false, json = false, overlay = false;
     bool help = false, version = false;
 };

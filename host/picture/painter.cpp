@@ -3,6 +3,7 @@
 #include "painter.h"
 
 #include "dashes.h"
+#include "draw_order.h"
 #include "drawing/text.h"
 
 #include <algorithm>
@@ -63,9 +64,16 @@ void Painter::block(Index blockRecord, const Place& place)
         std::find(open_.begin(), open_.end(), blockRecord) != open_.end())
         return;
     open_.push_back(blockRecord);
-    for (Index child = drawing_.firstChild(blockRecord); child != drawing::kNone && spend(1);
-         child = drawing_.next(child))
-        entity(child, place);
+    auto order = orders_.find(blockRecord);
+    if (order == orders_.end())
+        order = orders_.emplace(blockRecord, drawOrder(drawing_, blockRecord)).first;
+    if (order->second.empty()) {
+        for (Index child = drawing_.firstChild(blockRecord); child != drawing::kNone && spend(1);
+             child = drawing_.next(child))
+            entity(child, place);
+    }
+    for (const Index child : order->second)
+        if (spend(1)) entity(child, place);
     open_.pop_back();
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The walk over a drawing that makes every picture: each entity becomes strokes and fills on a
 // canvas. It runs twice, first in world coordinates to find out how large the drawing is, then in
-// pixels. Nothing is kept between entities, so memory does not grow with the drawing.
+// pixels. Nothing is kept of an entity, so memory does not grow with the drawing.
 #pragma once
 
 #include "canvas.h"
@@ -11,6 +11,7 @@
 #include "picture/picture.h"
 #include "view.h"
 
+#include <map>
 #include <vector>
 
 namespace orvald::picture {
@@ -90,6 +91,8 @@ private:
     Summary& summary_;
     Looks looks_;
     std::vector<drawing::Index> open_; // block records being drawn, outermost first
+    // By block record, as drawOrder tells. Nodes of a map stay where they are.
+    std::map<drawing::Index, std::vector<drawing::Index>> orders_;
     std::size_t stepsLeft_;
     Path path_;                // reused: what goes to the canvas
     Path local_;               // reused: the same in the coordinates of the entity

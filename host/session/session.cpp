@@ -147,10 +147,21 @@ bool Session::save(const std::string& path, std::string& problem)
     return problem.empty();
 }
 
-bool Session::picture(const std::string& path, std::string& problem, bool overlay)
+bool Session::picture(const std::string& path, const PictureOptions& wanted, std::string& problem,
+                      std::string& remark)
 {
     picture::Options options;
-    if (overlay) {
+    options.width = wanted.width;
+    options.height = wanted.height;
+    options.margin = wanted.margin;
+    options.background = wanted.dark ? picture::Background::dark : picture::Background::light;
+    options.lineWeights = wanted.lineWeights;
+    options.layout = wanted.layout;
+    if (wanted.window) {
+        const auto& [left, bottom, right, top] = *wanted.window;
+        options.window = {left, bottom, right, top};
+    }
+    if (wanted.overlay) {
         for (const TemporaryVector& vector : state_->current().graphics().vectors()) {
             picture::OverlaySegment segment;
             std::copy_n(vector.from, 3, segment.from);
@@ -160,7 +171,15 @@ bool Session::picture(const std::string& path, std::string& problem, bool overla
             options.overlay.push_back(segment);
         }
     }
-    return picture::savePicture(state_->current().drawing(), path, options, problem);
+    picture::Summary summary;
+    if (!picture::savePicture(state_->current().drawing(), path, options, problem, &summary))
+        return false;
+    remark.clear();
+    for (const auto& [kind, count] : summary.notDrawn)
+        remark += (remark.empty() ? "not drawn: " : ", ") + std::to_string(count) + ' ' + kind;
+    if (!summary.complete) remark += remark.empty() ? "drawn in part" : "; drawn in part";
+    if (!remark.empty()) remark.insert(0, path + ": ");
+    return true;
 }
 
 Evaluation Session::eval(std::string_view text)

@@ -80,6 +80,20 @@ TEST(Looks, HiddenEntitiesAreNotDrawn)
     EXPECT_EQ(picture.inked(), 300);
 }
 
+TEST(Looks, TheTableOfTheDrawOrderSaysWhatCovers)
+{
+    Sheet sheet;
+    Drawing& drawing = sheet.drawing();
+    const Index red = sheet.box(0, 0, 20, 20, {{62, 1}}), blue = sheet.box(0, 0, 20, 20, {{62, 5}});
+    EXPECT_EQ(Picture(sheet, 20, 20).at(5, 5), kBlue);
+    drawing::Record table("SORTENTSTABLE", drawing::Family::object);
+    table.tags.addHandle(331, drawing.at(red).handle);
+    table.tags.addHandle(5, drawing.at(blue).handle + 1);
+    drawing.addToDictionary(drawing.needExtensionDictionary(drawing.modelSpace()), "ACAD_SORTENTS",
+                            drawing.add(std::move(table)));
+    EXPECT_EQ(Picture(sheet, 20, 20).at(5, 5), kRed);
+}
+
 TEST(Looks, LineWeightsAreThoseOfAnA3Sheet)
 {
     Sheet sheet;

@@ -73,6 +73,27 @@ TEST_F(CommandLine, RunGivesArgumentsAndSavesAndDraws)
     EXPECT_EQ(orvald("draw a.dxf b.svg -e 1").status, 64);
 }
 
+TEST_F(CommandLine, DrawTakesTheLookOfThePicture)
+{
+    const std::string make = "(entmake (list (quote (0 . \"CIRCLE\")) (list 10 5.0 5.0 0.0)"
+                             " (quote (40 . 5.0))))";
+    const Result made =
+        orvald("eval '" + make + "' -s a.dxf --picture a.svg --width 300 --margin 0");
+    EXPECT_EQ(made.status, 0) << made.err;
+    EXPECT_NE(kextest::readFile(file("a.svg")).find("width=\"300\" height=\"300\""),
+              std::string::npos);
+    const Result dark = orvald("draw a.dxf b.svg --dark --thin --height=90 --window 0,0,10,10");
+    EXPECT_EQ(dark.status, 0) << dark.err;
+    const std::string picture = kextest::readFile(file("b.svg"));
+    for (const char* piece : {"width=\"1600\" height=\"90\"", "fill=\"#212830\"",
+                              "stroke=\"#ffffff\" stroke-width=\"1\""})
+        EXPECT_NE(picture.find(piece), std::string::npos) << piece;
+    EXPECT_EQ(orvald("draw a.dxf c.svg --layout nowhere").status, 4);
+    for (const char* wrong : {"--width 1.5", "--height -1", "--window 1,2,3", "--window 5,0,1,9",
+                              "--dark=1", "--width"})
+        EXPECT_EQ(orvald(std::string("draw a.dxf c.svg ") + wrong).status, 64) << wrong;
+}
+
 TEST_F(CommandLine, ErrorsTellMessageCallsAndPlace)
 {
     write("bad.lsp",

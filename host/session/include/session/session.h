@@ -4,6 +4,7 @@
 // thread that made it; that thread needs a generous stack (see runOnLispThread).
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -31,6 +32,18 @@ struct SessionOptions
     std::vector<std::string> arguments; // what (argv) gives
     std::vector<std::pair<std::string, std::string>> variables; // system variables to set
     std::optional<std::vector<std::string>> answers;            // to prompts, instead of stdin
+};
+
+/// How a picture looks; lengths in pixels.
+struct PictureOptions
+{
+    int width = 1600, height = 0;                // height 0: from the shape of what is drawn
+    int margin = 40;                             // free on each side
+    bool dark = false;                           // on the slate of a screen, else on white paper
+    bool lineWeights = true;                     // as on a sheet A3; false: all lines are thin
+    bool overlay = true;                         // with the temporary graphics
+    std::string layout;                          // "" the model
+    std::optional<std::array<double, 4>> window; // left, bottom, right, top in drawing units
 };
 
 /// A call on the way to an error.
@@ -91,8 +104,10 @@ public:
     void closeCurrent();
     int documents() const;
     bool save(const std::string& path, std::string& problem);
-    /// Picture of the current drawing with its temporary graphics, SVG or PNG by the ending.
-    bool picture(const std::string& path, std::string& problem, bool overlay = true);
+    /// Picture of the current drawing, SVG or PNG by the ending. `remark` gets a line about what is
+    /// in the drawing and not in the picture, "" when nothing is missing.
+    bool picture(const std::string& path, const PictureOptions& options, std::string& problem,
+                 std::string& remark);
 
     /// Evaluates every expression of the text in the current document; the value is the last one's.
     Evaluation eval(std::string_view text);
