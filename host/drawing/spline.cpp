@@ -73,6 +73,8 @@ SplineView splineView(const Record& record)
 {
     SplineView spline;
     for (const Tag tag : record.tags) {
+        // A helix is a spline that goes on with groups of its own.
+        if (tag.code() == 100 && tag.text() == "AcDbHelix") break;
         switch (tag.code()) {
         case 10: spline.controls.push_back(tag.point()); break;
         case 11: spline.fits.push_back(tag.point()); break;

@@ -6,6 +6,7 @@
 #include "colour.h"
 #include "plane.h"
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -44,6 +45,8 @@ enum class FillRule
     nonZero
 };
 
+inline constexpr std::size_t kMostClips = 8;
+
 class Canvas
 {
 public:
@@ -53,6 +56,10 @@ public:
     virtual ~Canvas() = default;
     virtual void stroke(const Path& path, const Ink& ink, const Pen& pen) = 0;
     virtual void fill(const Path& path, const Ink& ink, FillRule rule) = 0;
+    /// Until the matching popClip only what lies inside the path, by parity, and inside the clips
+    /// around it is shown. At most kMostClips of them lie in each other.
+    virtual void pushClip(const Path& path) = 0;
+    virtual void popClip() = 0;
 };
 
 } // namespace orvald::picture

@@ -62,6 +62,7 @@ const Layer& Looks::layer(std::string_view name)
         const drawing::Index index = drawing_.findRecord(drawing::TableId::layer, name);
         if (index != drawing::kNone) {
             const Record& record = drawing_.at(index);
+            layer.record = index;
             const auto number = record.tags.integer(62, 7);
             layer.colour = numberedColour(held(std::abs(number)), background_);
             const auto rgb = record.tags.integer(420, -1);
@@ -109,6 +110,8 @@ Look Looks::of(const Record& entity, const Look* block)
     }
     // What stands on layer 0 in a block takes the layer of the insert.
     look.layer = block != nullptr && layerName == "0" ? block->layer : &layer(layerName);
+    look.frozen = look.layer->frozen || std::find(frozenHere_.begin(), frozenHere_.end(),
+                                                  look.layer->record) != frozenHere_.end();
     look.colour = rgb >= 0 ? trueColour(rgb) : colour(held(number), look, block);
     if (opacity != 0) look.colour.opacity = opacityOf(opacity);
     if (stored == kWeightByLayer) look.weight = look.layer->weight;

@@ -20,6 +20,7 @@ struct Layer
     int weight = 0;                              // hundredths of a millimetre
     const std::vector<double>* dashes = nullptr; // as of a line type; null: continuous
     bool off = false, frozen = false;
+    drawing::Index record = drawing::kNone;
 };
 
 struct Look
@@ -30,8 +31,9 @@ struct Look
     const std::vector<double>* dashes = nullptr; // drawn lengths positive, gaps negative, 0 a dot
     double dashScale = 1.0;                      // with the drawing's own scale of line types
     bool invisible = false;                      // the entity itself says so
+    bool frozen = false;                         // its layer is, everywhere or here
 
-    bool hidden() const { return invisible || layer->off || layer->frozen; }
+    bool hidden() const { return invisible || frozen || layer->off; }
 };
 
 class Looks
@@ -44,6 +46,8 @@ public:
     /// What a colour number means for an entity of that look: 0 its block's, 256 its layer's.
     Colour colour(int number, const Look& look, const Look* block) const;
     Background background() const { return background_; }
+    /// From now on these layers, too, are frozen.
+    void freeze(std::vector<drawing::Index> layers) { frozenHere_ = std::move(layers); }
 
 private:
     const Layer& layer(std::string_view name);
@@ -53,6 +57,7 @@ private:
     const drawing::Drawing& drawing_;
     Background background_;
     double dashScale_; // of the whole drawing
+    std::vector<drawing::Index> frozenHere_;
     // By the name as entities spell it. Nodes of a map stay where they are.
     std::map<std::string, Layer, std::less<>> layers_;
     std::map<std::string, std::vector<double>, std::less<>> lineTypes_;

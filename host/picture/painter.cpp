@@ -83,6 +83,7 @@ void Painter::entity(Index index, const Place& place)
     if (record.erased || !record.isMainEntity()) return;
     const Look look = looks_.of(record, place.block);
     if (record.kind() == Kind::insert) return insert(index, look, place);
+    if (record.kind() == Kind::viewport) return viewport(index, look, place);
     if (look.hidden()) return;
     switch (record.kind()) {
     case Kind::line: return line(record, look, place);
@@ -107,16 +108,29 @@ void Painter::entity(Index index, const Place& place)
         if (place.block == nullptr || (record.tags.integer(70) & 2) != 0) text(record, look, place);
         return;
     case Kind::dimension: return blockOfName(record.tags.text(2), look, place);
-    case Kind::viewport: return; // a window is no drawing
-    default:
-        if (view_ != nullptr) ++summary_.notDrawn[std::string(record.typeName())];
+    default: return other(record, look, place);
     }
+}
+
+// Kinds that nobody but pictures asks for by name.
+void Painter::other(const Record& record, const Look& look, const Place& place)
+{
+    using Draw = void (Painter::*)(const Record&, const Look&, const Place&);
+    static constexpr std::pair<std::string_view, Draw> kDraws[] = {
+        {"HELIX", &Painter::spline},
+        {"IMAGE", &Painter::image},
+        {"WIPEOUT", &Painter::image},
+    };
+    const std::string_view type = record.typeName();
+    for (const auto& [name, draw] : kDraws)
+        if (name == type) return (this->*draw)(record, look, place);
+    if (view_ != nullptr) ++summary_.notDrawn[std::string(type)];
 }
 
 void Painter::insert(Index index, const Look& look, const Place& place)
 {
     // An insert on a layer that is off hides only what follows its layer; a frozen one hides all.
-    if (look.invisible || look.layer->frozen) return;
+    if (look.invisible || look.frozen) return;
     const drawing::InsertView view = drawing::insertView(drawing_.at(index));
     const Index inner = drawing_.findRecord(drawing::TableId::blockRecord, view.block);
     if (inner != drawing::kNone) {
@@ -124,7 +138,10 @@ void Painter::insert(Index index, const Look& look, const Place& place)
         for (int row = 0; row < std::max(view.rows, 1); ++row) {
             for (int column = 0; column < std::max(view.columns, 1); ++column) {
                 if (!spend(1)) return;
-                block(inner, {place.map.after(view.transform(base, column, row)), &look});
+                const Transform map = place.map.after(view.transform(base, column, row));
+                const bool clipped = clipInsert(index, map);
+                block(inner, {map, &look});
+                if (clipped) closeClip();
             }
         }
     }
@@ -201,7 +218,8 @@ void Painter::strokeWith(const Path& path, const Look& look, double scale, Pen p
             for (std::size_t i = 0; i + (runs_[r].closed ? 0 : 1) < points.size(); ++i)
                 size += length(points[(i + 1) % points.size()] - points[i]);
         }
-        if (fitDashes(*look.dashes, scale * look.dashScale, size, pen.width, dashes_))
+        if (fitDashes(*look.dashes, scale * look.dashScale * lineTypeFactor_, size, pen.width,
+                      dashes_))
             pen.dashes = &dashes_;
     }
     canvas_.stroke(path, {look.colour, look.layer->name}, pen);

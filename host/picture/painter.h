@@ -43,6 +43,7 @@ private:
     void block(drawing::Index blockRecord, const Place& place);
     void entity(drawing::Index index, const Place& place);
     void insert(drawing::Index index, const Look& look, const Place& place);
+    void other(const drawing::Record& record, const Look& look, const Place& place);
     void blockOfName(std::string_view name, const Look& look, const Place& place);
     /// False, from then on, when the picture has got too many parts.
     bool spend(std::size_t steps);
@@ -79,6 +80,16 @@ private:
     void face(const drawing::Record& record, const Look& look, const Place& place);
     void hatch(const drawing::Record& record, const Look& look, const Place& place);
 
+    // painter_windows.cpp
+    /// False, and nothing to be closed, when the path is no clip or lies in too many others.
+    bool openClip(const Path& path);
+    void closeClip();
+    void viewport(drawing::Index index, const Look& look, const Place& place);
+    bool outlineInto(Path& path, drawing::Index index, const Place& place);
+    /// Opens the clip of an insert that has one.
+    bool clipInsert(drawing::Index insert, const drawing::Transform& blockToCanvas);
+    void image(const drawing::Record& record, const Look& look, const Place& place);
+
     // painter_text.cpp
     void text(const drawing::Record& record, const Look& look, const Place& place);
     void mtext(const drawing::Record& record, const Look& look, const Place& place);
@@ -94,10 +105,12 @@ private:
     // By block record, as drawOrder tells. Nodes of a map stay where they are.
     std::map<drawing::Index, std::vector<drawing::Index>> orders_;
     std::size_t stepsLeft_;
-    Path path_;                // reused: what goes to the canvas
-    Path local_;               // reused: the same in the coordinates of the entity
-    std::vector<Chords> runs_; // reused
-    Dashes dashes_;            // reused
+    std::size_t clips_ = 0;       // that are open
+    double lineTypeFactor_ = 1.0; // of the view port whose inside is being drawn
+    Path path_;                   // reused: what goes to the canvas
+    Path local_;                  // reused: the same in the coordinates of the entity
+    std::vector<Chords> runs_;    // reused
+    Dashes dashes_;               // reused
 };
 
 } // namespace orvald::picture

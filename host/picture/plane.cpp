@@ -35,6 +35,13 @@ bool meet(const Bounds& a, const Bounds& b)
            b.bottom <= a.top;
 }
 
+Bounds common(const Bounds& a, const Bounds& b)
+{
+    if (!meet(a, b)) return {};
+    return {std::max(a.left, b.left), std::max(a.bottom, b.bottom), std::min(a.right, b.right),
+            std::min(a.top, b.top), false};
+}
+
 Arc bulgeArc(Vec from, Vec to, double bulge)
 {
     const Vec half = 0.5 * (to - from);

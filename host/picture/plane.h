@@ -36,6 +36,8 @@ struct Bounds
 };
 /// True when the boxes have a point in common.
 bool meet(const Bounds& a, const Bounds& b);
+/// What the boxes have in common.
+Bounds common(const Bounds& a, const Bounds& b);
 
 /// centre + cos(t) u + sin(t) v, for t from `from` to `to`. The axes u and v need not be square.
 struct Arc

@@ -103,25 +103,54 @@ void RasterCanvas::stroke(const Path& path, const Ink& ink, const Pen& pen)
 void RasterCanvas::fill(const Path& path, const Ink& ink, FillRule rule)
 {
     if (!meet(path.bounds(), page_)) return;
+    addArea(path);
+    blend(ink.colour, rule);
+}
+
+void RasterCanvas::addArea(const Path& path)
+{
     const std::size_t count = flatten(path, kTolerance, runs_);
     for (std::size_t i = 0; i < count; ++i) {
         const std::vector<Vec>& points = runs_[i].points;
         for (std::size_t k = 0; k < points.size(); ++k)
             coverage_.edge(points[k], points[(k + 1) % points.size()]);
     }
-    blend(ink.colour, rule);
+}
+
+void RasterCanvas::pushClip(const Path& path)
+{
+    Clip clip{page_, std::vector<std::uint8_t>(std::size_t(width_) * std::size_t(height_))};
+    addArea(path);
+    coverage_.sweep(FillRule::evenOdd, [&](int y, int first, int last, double cover) {
+        const std::size_t row = std::size_t(y) * std::size_t(width_);
+        for (std::size_t at = row + std::size_t(first); at < row + std::size_t(last); ++at) {
+            const int outer = clips_.empty() ? 255 : clips_.back().mask[at];
+            clip.mask[at] = static_cast<std::uint8_t>(cover * outer + 0.5);
+        }
+    });
+    clips_.push_back(std::move(clip));
+    page_ = common(page_, path.bounds());
+}
+
+void RasterCanvas::popClip()
+{
+    page_ = clips_.back().outer;
+    clips_.pop_back();
 }
 
 void RasterCanvas::blend(Colour colour, FillRule rule)
 {
     const double opacity = colour.opacity / 255.0;
     const int target[3] = {colour.red, colour.green, colour.blue};
+    const std::uint8_t* mask = clips_.empty() ? nullptr : clips_.back().mask.data();
     coverage_.sweep(rule, [&](int y, int first, int last, double cover) {
         // In 256ths, so that a full cover replaces what was there.
-        const int share = static_cast<int>(cover * opacity * 256.0 + 0.5);
-        std::uint8_t* pixel =
-            &pixels_[(std::size_t(y) * std::size_t(width_) + std::size_t(first)) * 3];
-        for (int x = first; x < last; ++x, pixel += 3) {
+        const int whole = static_cast<int>(cover * opacity * 256.0 + 0.5);
+        const std::size_t begin = std::size_t(y) * std::size_t(width_) + std::size_t(first);
+        const std::size_t end = begin + std::size_t(last - first);
+        std::uint8_t* pixel = &pixels_[begin * 3];
+        for (std::size_t at = begin; at < end; ++at, pixel += 3) {
+            const int share = mask == nullptr ? whole : (whole * mask[at] + 127) / 255;
             for (int c = 0; c < 3; ++c) {
                 pixel[c] = static_cast<std::uint8_t>(
                     (pixel[c] * (256 - share) + target[c] * share + 128) / 256);

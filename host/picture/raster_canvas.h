@@ -18,6 +18,8 @@ public:
 
     void stroke(const Path& path, const Ink& ink, const Pen& pen) override;
     void fill(const Path& path, const Ink& ink, FillRule rule) override;
+    void pushClip(const Path& path) override;
+    void popClip() override;
 
     int width() const { return width_; }
     int height() const { return height_; }
@@ -27,8 +29,17 @@ public:
 private:
     void blend(Colour colour, FillRule rule);
 
+    struct Clip
+    {
+        Bounds outer;                   // the page before
+        std::vector<std::uint8_t> mask; // of each pixel, how much of it is left, in 255ths
+    };
+
+    void addArea(const Path& path);
+
     int width_, height_;
-    Bounds page_;
+    Bounds page_; // what the clips leave of it
+    std::vector<Clip> clips_;
     std::vector<std::uint8_t> pixels_;
     Coverage coverage_;
     Path crisp_;                        // reused

@@ -166,6 +166,26 @@ void SvgCanvas::fill(const Path& path, const Ink& ink, FillRule rule)
     out_ += "\"/>\n";
 }
 
+void SvgCanvas::pushClip(const Path& path)
+{
+    openGroup({});
+    std::string name = "c";
+    appendInteger(name, ++clipCount_);
+    out_ += "<clipPath id=\"" + name + "\"><path clip-rule=\"evenodd\" d=\"";
+    pathData(path);
+    out_ += "\"/></clipPath>\n<g clip-path=\"url(#" + name + ")\">\n";
+    outer_.push_back(page_);
+    page_ = common(page_, path.bounds());
+}
+
+void SvgCanvas::popClip()
+{
+    openGroup({});
+    out_ += "</g>\n";
+    page_ = outer_.back();
+    outer_.pop_back();
+}
+
 void SvgCanvas::pathData(const Path& path)
 {
     lastCommand_ = '\0';

@@ -19,6 +19,8 @@ public:
 
     void stroke(const Path& path, const Ink& ink, const Pen& pen) override;
     void fill(const Path& path, const Ink& ink, FillRule rule) override;
+    void pushClip(const Path& path) override;
+    void popClip() override;
 
     /// The whole file; the canvas is used up.
     std::string finish();
@@ -34,8 +36,10 @@ private:
     void number(std::int64_t thousandths);
 
     std::string out_;
-    std::string group_; // attributes of the group that is open; empty when none is
-    Bounds page_;
+    std::string group_;          // attributes of the group that is open; empty when none is
+    Bounds page_;                // what the clips leave of it
+    std::vector<Bounds> outer_;  // the page before each clip that is open
+    int clipCount_ = 0;          // of the whole picture
     std::vector<Chords> runs_;   // reused
     std::int64_t x_ = 0, y_ = 0; // current point in thousandths
     char lastCommand_ = '\0';    // within the path

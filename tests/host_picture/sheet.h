@@ -57,6 +57,18 @@ public:
         drawing_->appendChild(owner, index);
         return index;
     }
+    /// The same for a type by its name in files.
+    Index addNamed(std::string_view type, const Groups& own, const Groups& common = {})
+    {
+        orvald::drawing::Record record(type, orvald::drawing::Family::entity);
+        record.tags.addText(100, "AcDbEntity");
+        for (const Group& group : common) addGroup(record.tags, group);
+        record.tags.addText(100, "AcDbOwn");
+        for (const Group& group : own) addGroup(record.tags, group);
+        const Index index = drawing_->add(std::move(record));
+        drawing_->appendChild(drawing_->modelSpace(), index);
+        return index;
+    }
     Index add(Kind kind, const Groups& own, const Groups& common = {})
     {
         return addTo(drawing_->modelSpace(), kind, own, common);
@@ -105,6 +117,11 @@ public:
     {
     }
     std::uint32_t at(int x, int y) const { return image_.at(x, image_.height - 1 - y); }
+    /// Number of pixels of that colour.
+    int count(std::uint32_t colour) const
+    {
+        return int(std::count(image_.pixels.begin(), image_.pixels.end(), colour));
+    }
     /// Number of pixels that are not the background's white.
     int inked() const
     {
