@@ -2,6 +2,7 @@
 // System variables whose values are worked out when they are asked for.
 #include "coordinate_systems.h"
 #include "document.h"
+#include "drawing/annotation.h"
 #include "drawing/text.h"
 #include "registries.h"
 #include "system_variable_table.h"
@@ -208,20 +209,8 @@ bool setCurrentTab(Document& document, const VariableValue& value)
 /// Paper length by drawing length of a scale in the drawing's list; nothing when it is not there.
 std::optional<double> scaleFactor(const drawing::Drawing& drawing, std::u16string_view name)
 {
-    const Index list = drawing.dictionaryEntry(drawing.rootDictionary(), "ACAD_SCALELIST");
-    const drawing::Dictionary* scales = drawing.dictionary(list);
-    if (scales == nullptr) return std::nullopt;
-    const std::string wanted = drawing::fileForm(name);
-    for (const drawing::Dictionary::Entry& entry : scales->entries()) {
-        const Index at = drawing.byHandle(entry.object);
-        if (at == drawing::kNone) continue;
-        const drawing::TagList& tags = drawing.at(at).tags;
-        const double units = tags.real(141, 1.0);
-        if (drawing::sameName(tags.text(300), wanted) && units > 0.0) {
-            return tags.real(140, 1.0) / units;
-        }
-    }
-    return std::nullopt;
+    const Index scale = drawing::findScale(drawing, drawing::fileForm(name));
+    return scale == drawing::kNone ? std::nullopt : drawing::scaleFactor(drawing.at(scale));
 }
 VariableValue annotationScale(Document& document) { return document.user().annotationScale; }
 bool setAnnotationScale(Document& document, const VariableValue& value)

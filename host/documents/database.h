@@ -2,6 +2,7 @@
 // The database of a document as applications see it: values of the header, the roots, copies.
 #pragma once
 
+#include "annotation_scales.h"
 #include "database_events.h"
 #include "drawing/drawing.h"
 #include "hostapi/objects.h"
@@ -11,7 +12,10 @@ namespace orvald {
 class Database final : public AcDbDatabase
 {
 public:
-    explicit Database(drawing::Drawing& drawing) : drawing_(drawing), events_(drawing, *this) {}
+    explicit Database(drawing::Drawing& drawing)
+        : drawing_(drawing), events_(drawing, *this), contexts_(drawing)
+    {
+    }
     drawing::Drawing& drawing() const { return drawing_; }
     /// The drawing of a database of this host.
     static drawing::Drawing& drawingOf(const AcDbDatabase& database)
@@ -45,12 +49,14 @@ public:
     Acad::ErrorStatus wblockCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner,
                                          AcDbIdMapping& map,
                                          AcDb::DuplicateRecordCloning cloning) override;
+    AcDbObjectContextManager* objectContextManager() const override { return &contexts_; }
 
 private:
     void set(std::string_view variable, int value);
 
     drawing::Drawing& drawing_;
     mutable DatabaseEvents events_; // reactors come to a database that is only read, too
+    mutable ContextManager contexts_;
 };
 
 } // namespace orvald

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The run-time classes of the host's interface: one description each, linked to the one above.
+#include "hostapi/annotation.h"
 #include "hostapi/objects.h"
 
 bool AcRxClass::isDerivedFrom(const AcRxClass* other) const
@@ -34,6 +35,10 @@ ORVALD_CLASS(AcDbObject, u"AcDbObject", nullptr, AcRxObject)
 ORVALD_CLASS(AcDbEntity, u"AcDbEntity", nullptr, AcDbObject)
 ORVALD_CLASS(AcDbDictionary, u"AcDbDictionary", u"DICTIONARY", AcDbObject)
 ORVALD_CLASS(AcDbXrecord, u"AcDbXrecord", u"XRECORD", AcDbObject)
+ORVALD_CLASS(AcDbObjectContext, u"AcDbObjectContext", nullptr, AcRxObject)
+ORVALD_CLASS(AcDbAnnotationScale, u"AcDbAnnotationScale", nullptr, AcDbObjectContext)
+ORVALD_CLASS(AcDbObjectContextInterface, u"AcDbObjectContextInterface", nullptr, AcRxObject)
+ORVALD_CLASS(AcDbAnnotativeObjectPE, u"AcDbAnnotativeObjectPE", nullptr, AcRxObject)
 
 #undef ORVALD_CLASS
 
@@ -42,3 +47,10 @@ AcDbEntity::~AcDbEntity() = default;
 AcDbDictionaryIterator::~AcDbDictionaryIterator() = default;
 AcDbDictionary::~AcDbDictionary() = default;
 AcDbXrecord::~AcDbXrecord() = default;
+AcDbObjectContext::~AcDbObjectContext() = default;
+AcDbAnnotationScale::~AcDbAnnotationScale() = default;
+AcDbObjectContextCollectionIterator::~AcDbObjectContextCollectionIterator() = default;
+AcDbObjectContextCollection::~AcDbObjectContextCollection() = default;
+AcDbObjectContextManager::~AcDbObjectContextManager() = default;
+AcDbObjectContextInterface::~AcDbObjectContextInterface() = default;
+AcDbAnnotativeObjectPE::~AcDbAnnotativeObjectPE() = default;

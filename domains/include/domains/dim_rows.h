@@ -2,13 +2,16 @@
 // Dimensions.
 #pragma once
 
+#include "geom/annotation_scales.h"
+#include "marshal/adapt.h"
 #include "marshal/lisp_row.h"
 
 namespace KEX {
 
 inline constexpr LispRow kDimRows[] = {
-    {KT("kex_dim_annoscales"), notBuilt, KT("ename"), KT("list of strings or nil")},
-    {KT("kex_dim_annoscales_set"), notBuilt, KT("ename, list of strings or nil"), KT("T or nil")},
+    {KT("kex_dim_annoscales"), adapt<annotationScales>, KT("ename"), KT("list of strings or nil")},
+    {KT("kex_dim_annoscales_set"), adapt<setAnnotationScales>, KT("ename, list of strings or nil"),
+     KT("T or nil")},
     {KT("kex_dim_style_dir"), notBuilt, KT("[string pattern]"), KT("list of strings")},
     {KT("kex_dim_style_new"), notBuilt,
      KT("string name, list of (string variable . value), [string base]"), KT("string or nil")},

@@ -2,6 +2,7 @@
 // Geometry of entities and of lists of entities.
 #pragma once
 
+#include "geom/annotation_scales.h"
 #include "geom/curve_dif.h"
 #include "geom/entity_curve.h"
 #include "geom/entity_inters.h"
@@ -17,8 +18,9 @@ namespace KEX {
 LispFn entityInters, entityMake, entityTransform, entityListNear;
 
 inline constexpr LispRow kEntityRows[] = {
-    {KT("kex_g_e_annoscales"), notBuilt, KT("en"), KT("list of str or nil")},
-    {KT("kex_g_e_annoscales_set"), notBuilt, KT("en, list of str or nil"), KT("T or nil")},
+    {KT("kex_g_e_annoscales"), adapt<annotationScales>, KT("en"), KT("list of str or nil")},
+    {KT("kex_g_e_annoscales_set"), adapt<setAnnotationScales>, KT("en, list of str or nil"),
+     KT("T or nil")},
     {KT("kex_g_e_inters"), entityInters, KT("en a, en b, [int ext = 0]"), KT("list of pt or nil")},
     {KT("kex_g_e_vl"), adapt<entityOutline, curveDif>, KT("en, [num dif = 0.01]"), KT("vl or nil")},
     {KT("kex_g_e_vl_set"), adapt<e_vl_set>, KT("en, vl"), KT("en or nil")},

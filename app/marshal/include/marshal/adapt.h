@@ -67,6 +67,8 @@ T read(ArgReader& in, int position)
     else if constexpr (std::is_same_v<T, CKexPoint3dArray>) return in.pointList(position);
     else if constexpr (std::is_same_v<T, CKexArrayTempl<double>>)
         return in.numberListIfAny(position);
+    else if constexpr (std::is_same_v<T, CKexArrayTempl<CKexString>>)
+        return in.stringList(position);
     else if constexpr (std::is_same_v<T, CKexVertexArray>) return in.vertexList(position);
     else if constexpr (std::is_same_v<T, CAdsName>) return in.ename(position);
     else if constexpr (std::is_same_v<T, CKexEnameArray>) return in.enames(position);

@@ -9,6 +9,7 @@ class AcDbDatabase;
 class AcDbDatabaseReactor;
 class AcDbDictionary;
 class AcDbIdMapping;
+class AcDbObjectContextManager;
 
 /// Persistent name of an object within its drawing; 0 is null.
 class AcDbHandle
@@ -138,6 +139,8 @@ public:
     virtual Acad::ErrorStatus wblockCloneObjects(const AcDbObjectIdArray& objects,
                                                  AcDbObjectId owner, AcDbIdMapping& map,
                                                  AcDb::DuplicateRecordCloning cloning) = 0;
+    /// The annotation scales; see hostapi/annotation.h. Belongs to the database.
+    virtual AcDbObjectContextManager* objectContextManager() const = 0;
     ~AcDbDatabase() override;
 };
 

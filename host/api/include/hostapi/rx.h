@@ -47,6 +47,9 @@ class AcRxClass;
                    : const_cast<Class*>(static_cast<const Class*>(object));                        \
     }
 
+/// The extension of class `Class` for an object, null when there is none.
+#define ACRX_PE_PTR(object, Class) Class::cast((object)->x(Class::desc()))
+
 class HOST_API AcRxObject
 {
 public:
@@ -56,6 +59,9 @@ public:
     static AcRxClass* desc();
     /// True for the object's own class and those above it.
     bool isKindOf(const AcRxClass* ofClass) const;
+    /// The extension of that class that the host has for objects of this kind, null when there is
+    /// none. It belongs to the host.
+    AcRxObject* x(const AcRxClass* protocol) const;
 
 protected:
     AcRxObject() = default;
