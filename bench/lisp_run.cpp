@@ -1,38 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Runs AutoLISP files in a world without drawing or user: lisp_run FILE ...
-#include "lisp/world.h"
+// Runs AutoLISP files in the host with a new drawing, without modules or user: lisp_run FILE ...
+#include "document.h"
+#include "host.h"
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
 
 namespace {
 
 using namespace orvald::lisp;
-
-class BareHost final : public WorldHost
-{
-public:
-    void print(std::u16string_view text) override
-    {
-        const std::string octets = toUtf8(text);
-        std::fwrite(octets.data(), 1, octets.size(), stdout);
-    }
-    std::string findFile(std::string_view name, std::span<const std::string_view> suffixes) override
-    {
-        std::error_code error;
-        std::string path(name);
-        if (std::filesystem::is_regular_file(path, error)) return path;
-        for (const std::string_view suffix : suffixes) {
-            path = std::string(name) + std::string(suffix);
-            if (std::filesystem::is_regular_file(path, error)) return path;
-        }
-        return {};
-    }
-    void releasePickset(std::int32_t) override {}
-    bool takeInterrupt() override { return false; }
-    void commandDefined(std::u16string_view, bool) override {}
-};
 
 // (seconds): a clock that only goes forward
 Value seconds(World&, Args)
@@ -57,8 +33,8 @@ int report(const LispError& error)
 
 int main(int count, char** arguments)
 {
-    BareHost host;
-    World world(host);
+    orvald::Host host;
+    World& world = host.newDocument().world();
     world.define(kTable);
     for (int i = 1; i < count; ++i) {
         const Outcome outcome = world.loadFile(arguments[i]);

@@ -27,4 +27,20 @@ inline bool equalValues(Value a, Value b, double fuzz)
     return isString(a) && isString(b) && stringOf(a) == stringOf(b);
 }
 
+/// Calls `use` with a test for being equal to `key`, without fuzz: what kind of value the key is,
+/// is looked at once and not for each element of a list.
+template <class Use>
+Value withEqualTo(Value key, Use&& use)
+{
+    if (key.isNumber()) {
+        return use([key, number = key.asNumber()](Value value) {
+            return value == key || (value.isNumber() && value.asNumber() == number);
+        });
+    }
+    if (key.isCons() || key.isObject()) {
+        return use([key](Value value) { return equalValues(value, key, 0.0); });
+    }
+    return use([key](Value value) { return value == key; });
+}
+
 } // namespace orvald::lisp

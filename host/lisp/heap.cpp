@@ -181,6 +181,14 @@ Value Heap::makeString(std::u16string_view text)
     return Value::object(string);
 }
 
+Value Heap::makeAscii(std::string_view text)
+{
+    char16_t* units = nullptr;
+    String* string = newString(text.size(), units);
+    std::copy(text.begin(), text.end(), units);
+    return Value::object(string);
+}
+
 String* Heap::newSharedString(TextBuffer* buffer, std::size_t length)
 {
     auto* string = new (takeString(sizeof(String))) String();

@@ -45,6 +45,8 @@ public:
     }
 
     Value makeString(std::u16string_view text);
+    /// Of characters that are ASCII, all of them.
+    Value makeAscii(std::string_view text);
     /// At least one string, joined; in place where the first ends at the used end of its buffer.
     Value concatenate(const Value* strings, int count);
 

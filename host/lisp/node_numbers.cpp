@@ -12,6 +12,7 @@ namespace orvald::lisp {
 namespace {
 
 bool bothIntegers(Value a, Value b) { return a.isInteger() && b.isInteger(); }
+bool bothReals(Value a, Value b) { return a.isReal() && b.isReal(); }
 bool bothNumbers(Value a, Value b) { return a.isNumber() && b.isNumber(); }
 
 template <Core kCore, std::int32_t (*integers)(std::int32_t, std::int32_t),
@@ -22,6 +23,7 @@ struct Arithmetic
     static Value apply(Evaluator& evaluator, const FormNode* node, Value a, Value b)
     {
         if (bothIntegers(a, b)) return Value::integer(integers(a.asInteger(), b.asInteger()));
+        if (bothReals(a, b)) return Value::real(reals(a.asReal(), b.asReal()));
         if (bothNumbers(a, b)) return Value::real(reals(a.asNumber(), b.asNumber()));
         return evaluator.callCore(kCore, node, {a, b});
     }
@@ -117,6 +119,7 @@ struct Comparison
         if (bothIntegers(a, b)) {
             return evaluator.boolean(Relation()(a.asInteger(), b.asInteger()));
         }
+        if (bothReals(a, b)) return evaluator.boolean(Relation()(a.asReal(), b.asReal()));
         if (bothNumbers(a, b)) return evaluator.boolean(Relation()(a.asNumber(), b.asNumber()));
         return evaluator.callCore(kCore, node, {a, b});
     }

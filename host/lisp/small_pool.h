@@ -13,7 +13,7 @@ namespace orvald::lisp {
 class SmallPool
 {
 public:
-    static constexpr std::size_t kLargest = 64;
+    static constexpr std::size_t kLargest = 128;
 
     /// `size` at most kLargest.
     void* take(std::size_t size)

@@ -3,11 +3,27 @@
 #include "text/encoding.h"
 
 #include <cstdint>
+#include <cstring>
 
 namespace orvald::text {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
+
+// Eight bytes at a time; `mask` has the bits that no ASCII character sets.
+template <class Unit>
+std::size_t lengthWithout(std::uint64_t mask, std::basic_string_view<Unit> text)
+{
+    constexpr std::size_t kStep = sizeof mask / sizeof(Unit);
+    std::size_t at = 0;
+    for (; text.size() - at >= kStep; at += kStep) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + at, sizeof word);
+        if ((word & mask) != 0) break;
+    }
+    while (at < text.size() && static_cast<std::make_unsigned_t<Unit>>(text[at]) < 0x80) ++at;
+    return at;
+}
 
 char32_t told(char32_t code, Lone lone)
 {
@@ -83,19 +99,30 @@ void appendUtf16(std::u16string& out, char32_t c)
     }
 }
 
+std::size_t asciiLength(std::string_view text) { return lengthWithout(0x8080808080808080, text); }
+
+std::size_t asciiLength(std::u16string_view text)
+{
+    return lengthWithout(0xFF80FF80FF80FF80, text);
+}
+
 std::string utf8(std::u16string_view text, Lone lone)
 {
-    std::string out;
+    std::size_t at = asciiLength(text);
+    std::string out(text.begin(), text.begin() + at);
+    if (at == text.size()) return out;
     out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) appendUtf8(out, told(decodeUtf16(text, at), lone));
+    while (at < text.size()) appendUtf8(out, told(decodeUtf16(text, at), lone));
     return out;
 }
 
 std::u16string utf16(std::string_view text, Lone lone)
 {
-    std::u16string out;
+    std::size_t at = asciiLength(text);
+    std::u16string out(text.begin(), text.begin() + at);
+    if (at == text.size()) return out;
     out.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    while (at < text.size()) {
         const std::size_t start = at;
         char32_t code = decodeUtf8(text, at);
         if (lone == Lone::replaced && isSurrogate(code)) { // no UTF-8: each byte is replaced
@@ -117,7 +144,7 @@ std::u32string codePoints(std::u16string_view text, Lone lone)
 
 bool isUtf8(std::string_view text)
 {
-    for (std::size_t at = 0; at < text.size();) {
+    for (std::size_t at = asciiLength(text); at < text.size();) {
         char32_t code = 0;
         const std::size_t length = sequence(text, at, code);
         if (length == 0 || isSurrogate(code)) return false;

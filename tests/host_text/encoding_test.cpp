@@ -29,6 +29,24 @@ TEST(Encoding, EveryUtf16TextComesBackAndEveryCodePointIsWalkedOnce)
     }
 }
 
+TEST(Encoding, TheAsciiBeginningEndsAtTheFirstOtherCharacterWhereverItStands)
+{
+    for (std::size_t length = 0; length < 40; ++length) {
+        const std::u16string plain(length, u'x');
+        ASSERT_EQ(asciiLength(plain), length);
+        ASSERT_EQ(asciiLength(utf8(plain)), length);
+        for (std::size_t at = 0; at < length; ++at) {
+            for (const char16_t unit : {u'\x80', u'\xFF', u'\x100', u'\xFFFF'}) {
+                std::u16string text = plain;
+                text[at] = unit;
+                ASSERT_EQ(asciiLength(text), at);
+                ASSERT_EQ(asciiLength(utf8(text)), at);
+                ASSERT_EQ(utf16(utf8(text)), text);
+            }
+        }
+    }
+}
+
 TEST(Encoding, BytesThatAreNoUtf8AreReplacedOneByOne)
 {
     struct Case

@@ -9,6 +9,8 @@
 #include "printer.h"
 #include "text_file.h"
 
+#include <algorithm>
+
 namespace orvald::lisp {
 
 File& fileOf(World& world, Value value)
@@ -20,9 +22,16 @@ File& fileOf(World& world, Value value)
 
 void writeText(World& world, File& file, std::u16string_view text)
 {
-    const std::string octets = toUtf8(text);
-    if (!file.writes ||
-        std::fwrite(octets.data(), 1, octets.size(), file.stream) != octets.size()) {
+    bool written = file.writes;
+    if (char octets[256]; text.size() <= sizeof octets && text::asciiLength(text) == text.size()) {
+        std::ranges::transform(text, octets, [](char16_t unit) { return static_cast<char>(unit); });
+        written = written && std::fwrite(octets, 1, text.size(), file.stream) == text.size();
+    } else {
+        const std::string encoded = toUtf8(text);
+        written = written &&
+                  std::fwrite(encoded.data(), 1, encoded.size(), file.stream) == encoded.size();
+    }
+    if (!written) {
         world.raise(u"cannot write to file " +
                     printedText(world.makeString(file.name), Quoting::quoted));
     }
@@ -41,8 +50,11 @@ namespace {
 
 #ifdef _WIN32
 constexpr char16_t kLineEnd[] = u"\r\n";
+int nextOctet(std::FILE* stream) { return std::fgetc(stream); }
 #else
 constexpr char16_t kLineEnd[] = u"\n";
+// A world belongs to one thread, and so do its files.
+int nextOctet(std::FILE* stream) { return getc_unlocked(stream); }
 #endif
 
 // Some files of a system have no end.
@@ -85,22 +97,38 @@ Value readLine(World& world, Args args)
     if (args.at(0).isNil()) return Value::nil();
     File& file = fileOf(world, args[0]);
     if (file.writes) return Value::nil();
-    std::string line;
-    int octet = std::fgetc(file.stream);
+    int octet = nextOctet(file.stream);
     if (octet == EOF) return Value::nil();
-    for (; octet != EOF && octet != '\n'; octet = std::fgetc(file.stream)) {
-        line.push_back(static_cast<char>(octet));
-        if (line.size() > kLongestLine) throw HeapExhausted();
+    std::string longer; // what does not fit into the piece
+    char piece[256];
+    std::size_t length = 0;
+    for (; octet != EOF && octet != '\n'; octet = nextOctet(file.stream)) {
+        if (length == sizeof piece) {
+            longer.append(piece, length);
+            length = 0;
+            if (longer.size() > kLongestLine) throw HeapExhausted();
+        }
+        piece[length++] = static_cast<char>(octet);
     }
-    if (line.ends_with('\r')) line.pop_back();
+    if (!longer.empty()) longer.append(piece, length);
+    std::string_view line = longer.empty() ? std::string_view(piece, length) : longer;
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (text::asciiLength(line) == line.size()) {
+        return evaluatorOf(world).heap.makeAscii(line);
+    }
     return world.makeString(decodeFile(line));
 }
 
 Value writeLine(World& world, Args args)
 {
-    std::u16string line(args.string(0));
-    line += args.at(1).isNil() ? u"\n" : kLineEnd;
-    writeTo(world, args.at(1), line);
+    const std::u16string_view line = args.string(0);
+    if (args.at(1).isNil()) {
+        world.host().print(std::u16string(line) + u"\n");
+    } else {
+        File& file = fileOf(world, args[1]);
+        writeText(world, file, line);
+        writeText(world, file, kLineEnd);
+    }
     return args[0];
 }
 
@@ -109,9 +137,9 @@ Value readChar(World& world, Args args)
     if (args.at(0).isNil()) return Value::nil();
     File& file = fileOf(world, args[0]);
     if (file.writes) return Value::nil();
-    int octet = std::fgetc(file.stream);
+    int octet = nextOctet(file.stream);
     if (octet == '\r') { // a line's end is one character, however it is written
-        octet = std::fgetc(file.stream);
+        octet = nextOctet(file.stream);
         if (octet != '\n') {
             std::ungetc(octet, file.stream);
             octet = '\r';

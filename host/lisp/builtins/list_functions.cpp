@@ -33,18 +33,19 @@ Value path(World& world, Args args)
 
 Value cons(World& world, Args args) { return world.makeCons(args[0], args[1]); }
 
-Value list(World& world, Args args)
+// The arguments from the first to the one before `end`, then `tail`.
+Value listOf(World& world, Args args, int end, Value tail)
 {
-    Value result;
-    for (int i = args.size(); i-- > 0;) result = world.makeCons(args[i], result);
-    return result;
+    Heap& heap = evaluatorOf(world).heap;
+    for (int i = end; i-- > 0;) tail = Value::cons(heap.makeCons(args[i], tail));
+    return tail;
 }
+
+Value list(World& world, Args args) { return listOf(world, args, args.size(), Value::nil()); }
 
 Value listWithTail(World& world, Args args)
 {
-    Value result = args[args.size() - 1];
-    for (int i = args.size() - 1; i-- > 0;) result = world.makeCons(args[i], result);
-    return result;
+    return listOf(world, args, args.size() - 1, args[args.size() - 1]);
 }
 
 // Length of a proper list; raises for anything else.
@@ -86,9 +87,10 @@ Value nth(World&, Args args)
 
 Value reverse(World& world, Args args)
 {
+    Heap& heap = evaluatorOf(world).heap;
     Value result;
     for (Value rest = args.list(0); rest.isCons(); rest = rest.asCons()->cdr) {
-        result = world.makeCons(rest.asCons()->car, result);
+        result = Value::cons(heap.makeCons(rest.asCons()->car, result));
     }
     return result;
 }
@@ -110,54 +112,60 @@ Value append(World& world, Args args)
 
 Value assoc(World& world, Args args)
 {
-    const Value key = args[0];
-    for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr) {
-        const Value entry = rest.asCons()->car;
-        if (entry.isCons()) {
-            if (equalValues(entry.asCons()->car, key, 0.0)) return entry;
-        } else if (!entry.isNil()) {
-            world.raise(u"bad association list: " + printedText(args[1], Quoting::quoted, 200));
+    return withEqualTo(args[0], [&](auto isKey) {
+        for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr) {
+            const Value entry = rest.asCons()->car;
+            if (entry.isCons()) {
+                if (isKey(entry.asCons()->car)) return entry;
+            } else if (!entry.isNil()) {
+                world.raise(u"bad association list: " + printedText(args[1], Quoting::quoted, 200));
+            }
         }
-    }
-    return Value::nil();
+        return Value::nil();
+    });
 }
 
 Value member(World&, Args args)
 {
-    Value rest = args.list(1);
-    while (rest.isCons() && !equalValues(rest.asCons()->car, args[0], 0.0)) {
-        rest = rest.asCons()->cdr;
-    }
-    return rest.isCons() ? rest : Value::nil();
+    return withEqualTo(args[0], [&](auto isWanted) {
+        Value rest = args.list(1);
+        while (rest.isCons() && !isWanted(rest.asCons()->car)) rest = rest.asCons()->cdr;
+        return rest.isCons() ? rest : Value::nil();
+    });
 }
 
 Value position(World&, Args args)
 {
-    int index = 0;
-    for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr, ++index) {
-        if (equalValues(rest.asCons()->car, args[0], 0.0)) return Value::integer(index);
-    }
-    return Value::nil();
+    return withEqualTo(args[0], [&](auto isWanted) {
+        int index = 0;
+        for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr, ++index) {
+            if (isWanted(rest.asCons()->car)) return Value::integer(index);
+        }
+        return Value::nil();
+    });
 }
 
 Value subst(World& world, Args args)
 {
-    ListBuilder result(world);
-    for (Value rest = args.list(2); rest.isCons(); rest = rest.asCons()->cdr) {
-        const Value item = rest.asCons()->car;
-        result.add(equalValues(item, args[1], 0.0) ? args[0] : item);
-    }
-    return result.list();
+    return withEqualTo(args[1], [&](auto isOld) {
+        ListBuilder result(world);
+        for (Value rest = args.list(2); rest.isCons(); rest = rest.asCons()->cdr) {
+            const Value item = rest.asCons()->car;
+            result.add(isOld(item) ? args[0] : item);
+        }
+        return result.list();
+    });
 }
 
 Value remove(World& world, Args args)
 {
-    ListBuilder result(world);
-    for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr) {
-        const Value item = rest.asCons()->car;
-        if (!equalValues(item, args[0], 0.0)) result.add(item);
-    }
-    return result.list();
+    return withEqualTo(args[0], [&](auto isUnwanted) {
+        ListBuilder result(world);
+        for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr) {
+            if (!isUnwanted(rest.asCons()->car)) result.add(rest.asCons()->car);
+        }
+        return result.list();
+    });
 }
 
 Value listp(World& world, Args args) { return world.boolean(args[0].isList()); }

@@ -19,6 +19,16 @@
 (list (open (folder) "r") (open (strcat (folder) "/nosuch") "r")) ; => (nil nil)
 (open name "x")                     ; ! "x"
 
+; lines of any length, with and without letters beyond ASCII, come back as they were
+(defun many (n text / out) (setq out "") (repeat n (setq out (strcat out "a"))) (strcat out text))
+(setq lines (apply 'append (mapcar '(lambda (n) (list (many n "") (many n "ü"))) '(0 1 254 255 256 257 511 512 600))))
+(setq f (open name "w"))
+(foreach l lines (write-line l f))
+(close f)
+(setq f (open name "r"))
+(equal lines (mapcar '(lambda (l) (read-line f)) lines)) ; => T
+(list (read-line f) (close f))      ; => (nil nil)
+
 ; read-char sees octets, and each line's end as one
 (setq f (open name "w"))
 (princ "\303\244\r\n\rz" f)

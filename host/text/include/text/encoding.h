@@ -19,6 +19,10 @@ std::string utf8(std::u16string_view text, Lone lone = Lone::kept);
 std::u16string utf16(std::string_view text, Lone lone = Lone::kept);
 std::u32string codePoints(std::u16string_view text, Lone lone = Lone::kept);
 
+/// Length of the beginning that is ASCII.
+std::size_t asciiLength(std::string_view text);
+std::size_t asciiLength(std::u16string_view text);
+
 /// True when all of it is valid UTF-8; surrogates encoded alone are not.
 bool isUtf8(std::string_view text);
 

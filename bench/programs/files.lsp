@@ -1,0 +1,15 @@
+; a file of 50,000 lines, written and read back
+(setq file (vl-filename-mktemp "bench" nil ".txt"))
+(defun run ( / f i line sum)
+  (setq f (open file "w") i 0 sum 0)
+  (repeat 50000
+    (write-line (strcat "line " (itoa i) ", some text behind it") f)
+    (setq i (1+ i)))
+  (close f)
+  (setq f (open file "r"))
+  (while (setq line (read-line f))
+    (setq sum (+ sum (strlen line) (rem (atoi (substr line 6)) 7))))
+  (close f)
+  sum)
+(measure 10 run)
+(vl-file-delete file)
