@@ -22,7 +22,8 @@ int sector(double angle, int count, double tolAngle)
 
 double g_ang(double angle)
 {
-    double turned = std::fmod(angle, kTwoPi);
+    // Within one turn fmod, which is slow, would give the angle itself.
+    double turned = std::abs(angle) < kTwoPi ? angle : std::fmod(angle, kTwoPi);
     if (turned < 0.0) turned += kTwoPi;
     // Also the case that a tiny negative angle was rounded up to the full turn.
     if (turned > kTwoPi - kAngleNoise) return 0.0;

@@ -9,7 +9,7 @@ double g_korb_3m(double w, double h)
 {
     if (!(w > 0.0) || !(h > 0.0)) return 0.0;
     const double s = 0.5 * w, d = std::sqrt(s * s + h * h);
-    return d * h * (1.0 + h / (d + s)) / w; // d - s = h²/(d + s)
+    return d * h * (d + s + h) / (w * (d + s)); // d - s = h²/(d + s)
 }
 
 double g_rkorb(double w, double h, double r)
