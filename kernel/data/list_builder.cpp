@@ -117,4 +117,50 @@ CKexDataItem ListBuilder::take()
     return DataAccess::listOf(std::move(values), kind);
 }
 
+// -- lists that somebody else wrote
+
+/// A value, or a list, comes into the list that is open.
+ListReader::Problem ListReader::count()
+{
+    if (lists_.empty()) return Problem::none;
+    List& list = lists_.back();
+    if (list.tail == Tail::read) return Problem::behindTail;
+    if (list.tail == Tail::follows) list.tail = Tail::read;
+    list.empty = false;
+    return Problem::none;
+}
+
+ListReader::Problem ListReader::begin()
+{
+    const Problem problem = count();
+    if (problem != Problem::none) return problem;
+    lists_.emplace_back();
+    builder_.begin();
+    return problem;
+}
+
+ListReader::Problem ListReader::value(CKexDataItem item)
+{
+    const Problem problem = count();
+    if (problem == Problem::none) builder_.value(std::move(item));
+    return problem;
+}
+
+ListReader::Problem ListReader::dot()
+{
+    List& list = lists_.back();
+    if (list.empty || list.tail != Tail::none) return Problem::dotPlace;
+    list.tail = Tail::follows;
+    return Problem::none;
+}
+
+ListReader::Problem ListReader::end()
+{
+    const Tail tail = lists_.back().tail;
+    if (tail == Tail::follows) return Problem::noTail;
+    lists_.pop_back();
+    builder_.end(tail == Tail::read);
+    return Problem::none;
+}
+
 } // namespace KEX

@@ -265,52 +265,33 @@ private:
     /// Reads a list behind its first bracket.
     CKexDataItem list()
     {
-        enum class Tail
-        {
-            none,
-            follows,
-            read
-        };
-        struct OpenList
-        {
-            bool empty = true;
-            Tail tail = Tail::none;
-        };
-        ListBuilder builder;
-        std::vector<OpenList> lists;
-        const auto count = [&] {
-            if (lists.empty()) return;
-            OpenList& list = lists.back();
-            if (list.tail == Tail::read) throw TextProblem{"one value only stands behind a dot"};
-            if (list.tail == Tail::follows) list.tail = Tail::read;
-            list.empty = false;
-        };
-        const auto beginList = [&] {
-            count();
-            lists.emplace_back();
-            builder.begin();
-        };
-        beginList();
-        while (!lists.empty()) {
+        ListReader reader;
+        check(reader.begin());
+        while (reader.isOpen()) {
             if (take('(')) {
-                beginList();
+                check(reader.begin());
             } else if (take(')')) {
-                const Tail tail = lists.back().tail;
-                if (tail == Tail::follows) throw TextProblem{"no value behind the dot"};
-                lists.pop_back();
-                builder.end(tail == Tail::read);
+                check(reader.end());
             } else if (next() == '.' && word() == ".") {
-                if (lists.back().empty || lists.back().tail != Tail::none)
-                    throw TextProblem{"a dot out of place"};
-                lists.back().tail = Tail::follows;
+                check(reader.dot());
                 ++at_;
             } else {
                 if (next() == 0) throw TextProblem{"the text ends within a list"};
-                count();
-                builder.value(atom());
+                check(reader.value(atom()));
             }
         }
-        return builder.take();
+        return reader.take();
+    }
+
+    static void check(ListReader::Problem problem)
+    {
+        using Problem = ListReader::Problem;
+        switch (problem) {
+        case Problem::none: return;
+        case Problem::behindTail: throw TextProblem{"one value only stands behind a dot"};
+        case Problem::noTail: throw TextProblem{"no value behind the dot"};
+        case Problem::dotPlace: throw TextProblem{"a dot out of place"};
+        }
     }
 
     /// What stands here up to the next blank, bracket, quote or comment.

@@ -339,55 +339,24 @@ private:
     /// Reads a list behind its first mark.
     bool list(CKexDataItem& item)
     {
-        enum class Tail
-        {
-            none,
-            follows,
-            read
-        };
-        struct OpenList
-        {
-            bool empty = true;
-            Tail tail = Tail::none;
-        };
-        ListBuilder builder;
-        std::vector<OpenList> lists;
-        // False when no value may stand here; else it is counted.
-        const auto takesValue = [&] {
-            if (lists.empty()) return true;
-            OpenList& list = lists.back();
-            list.empty = false;
-            if (list.tail == Tail::read) return false;
-            if (list.tail == Tail::follows) list.tail = Tail::read;
-            return true;
-        };
-        const auto beginList = [&] {
-            if (!takesValue()) return false;
-            lists.emplace_back();
-            builder.begin();
-            return true;
-        };
-        if (!beginList()) return false;
-        while (!lists.empty()) {
+        using Problem = ListReader::Problem;
+        ListReader reader;
+        Problem problem = reader.begin();
+        while (problem == Problem::none && reader.isOpen()) {
             if (takeMark(kListEnd)) {
-                const Tail tail = lists.back().tail;
-                if (tail == Tail::follows) return false;
-                lists.pop_back();
-                builder.end(tail == Tail::read);
+                problem = reader.end();
             } else if (takeMark(kTail)) {
-                OpenList& list = lists.back();
-                if (list.empty || list.tail != Tail::none) return false;
-                list.tail = Tail::follows;
+                problem = reader.dot();
             } else if (takeMark(kList)) {
-                if (!beginList()) return false;
+                problem = reader.begin();
             } else {
                 CKexDataItem value;
-                if (!takesValue() || !atom(value)) return false;
-                builder.value(std::move(value));
+                if (!atom(value)) return false;
+                problem = reader.value(std::move(value));
             }
         }
-        item = builder.take();
-        return true;
+        if (problem == Problem::none) item = reader.take();
+        return problem == Problem::none;
     }
 
     bool atom(CKexDataItem& item)

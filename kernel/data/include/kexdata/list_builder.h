@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // ListBuilder: brings a list, given value by value, to the form in which data items keep lists.
+// ListReader: the same for lists that somebody else wrote, whose parts may come in any order.
 #pragma once
 
 #include "kexdata/data_item.h"
@@ -41,6 +42,47 @@ private:
 
     CKexDataItem::Values values_;
     std::vector<List> open_;
+};
+
+/// Takes the parts of a list, inner ones included, as they are read. After a problem it is good for
+/// nothing more.
+class KEX_DATA_API ListReader
+{
+public:
+    enum class Problem
+    {
+        none,
+        behindTail, // one value only stands behind a dot
+        noTail,     // a list ends behind its dot
+        dotPlace    // a dot at the begin of a list, or a second one
+    };
+
+    Problem begin();
+    Problem value(CKexDataItem item);
+    /// The next value is the tail.
+    Problem dot();
+    Problem end();
+    /// True between the first begin and its end.
+    bool isOpen() const { return !lists_.empty(); }
+    CKexDataItem take() { return builder_.take(); }
+
+private:
+    enum class Tail : unsigned char
+    {
+        none,
+        follows,
+        read
+    };
+    struct List
+    {
+        bool empty = true;
+        Tail tail = Tail::none;
+    };
+
+    Problem count();
+
+    ListBuilder builder_;
+    std::vector<List> lists_;
 };
 
 } // namespace KEX
