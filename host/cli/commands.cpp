@@ -13,26 +13,39 @@ namespace {
 namespace fs = std::filesystem;
 using text::jsonText;
 
-/// The exit status behind an error, and its message with the calls that led to it.
-int report(const Session& session, const Evaluation& evaluation)
+void sayCalls(const Evaluation& evaluation)
 {
+    for (const CallLine& call : evaluation.calls) {
+        const std::string place =
+            call.file.empty() ? "" : "   " + call.file + ":" + std::to_string(call.line);
+        say("  in " + call.call + place);
+    }
+}
+
+/// The exit status behind an error, and its message with the calls that led to it.
+int report(const Session& session, const Evaluation& evaluation, Watchdog& watchdog)
+{
+    using End = Evaluation::End;
+    if (evaluation.end == End::stopped) {
+        say("stopped: " + watchdog.reason());
+        sayCalls(evaluation);
+        return watchdog.status();
+    }
     if (const auto prompt = session.missingInput()) {
         say("input wanted: " + (prompt->empty() ? "(a prompt without text)" : *prompt));
         return kNoInput;
     }
-    if (evaluation.cancelled) {
+    if (evaluation.end == End::cancelled) {
         say("interrupted");
+        sayCalls(evaluation);
         return kInterrupted;
     }
     // The program's own *error* has told the user already.
     if (!evaluation.handled) {
         say("error: " + evaluation.error);
-        for (const CallLine& call : evaluation.calls) {
-            const std::string place =
-                call.file.empty() ? "" : "   " + call.file + ":" + std::to_string(call.line);
-            say("  in " + call.call + place);
-        }
+        sayCalls(evaluation);
     }
+    if (evaluation.end == End::outOfMemory) return kMemoryLimit;
     return session.moduleFaulted() ? kModuleFault : kLispError;
 }
 
@@ -150,7 +163,7 @@ void say(const std::string& line)
     std::fprintf(stderr, "%s\n", line.c_str());
 }
 
-int run(const Options& options)
+int run(const Options& options, Watchdog& watchdog)
 {
     std::vector<std::string> programs;
     std::size_t next = 0;
@@ -180,14 +193,14 @@ int run(const Options& options)
     const Evaluation last = evaluate(*session, programs, options.expressions);
     if (options.time && !session->command("kex_dump")) say("--time: the kernel is not loaded");
     session->finishOutput();
-    if (!last.ok) return report(*session, last);
+    if (!last.ok) return report(*session, last, watchdog);
     if (const std::size_t unused = session->unusedAnswers(); unused != 0) {
         say(options.answers + ": " + std::to_string(unused) + " answers were not asked for");
     }
     return writeResults(options, *session);
 }
 
-int eval(const Options& options)
+int eval(const Options& options, Watchdog& watchdog)
 {
     if (options.words.empty() && options.expressions.empty()) {
         say("orvald eval needs an expression");
@@ -201,13 +214,13 @@ int eval(const Options& options)
     for (const std::string& expression : expressions) {
         const Evaluation value = session->eval(expression);
         session->finishOutput();
-        if (!value.ok) return report(*session, value);
+        if (!value.ok) return report(*session, value, watchdog);
         if (!value.value.empty()) write(value.value + "\n");
     }
     return writeResults(options, *session);
 }
 
-int draw(const Options& options)
+int draw(const Options& options, Watchdog& watchdog)
 {
     const auto& words = options.words;
     // Programs only where their graphics are wanted: a picture needs no kernel.
@@ -228,11 +241,11 @@ int draw(const Options& options)
     if (session == nullptr) return status;
     const Evaluation last = evaluate(*session, programs, options.expressions);
     session->finishOutput();
-    if (!last.ok) return report(*session, last);
+    if (!last.ok) return report(*session, last, watchdog);
     return writePicture(words[1], options, *session);
 }
 
-int data(const Options& options)
+int data(const Options& options, Watchdog&)
 {
     if (options.words.size() != 1) {
         say("orvald data needs a data file: orvald data [--from-text TEXT] FILE.dex");
@@ -262,7 +275,7 @@ int data(const Options& options)
     return kNoDrawing;
 }
 
-int functions(const Options& options)
+int functions(const Options& options, Watchdog&)
 {
     Options here = options;
     int status = kWell;

@@ -6,13 +6,13 @@
 
 namespace orvald::cli {
 
-int run(const Options& options);
-int eval(const Options& options);
-int draw(const Options& options);
-int data(const Options& options);
-int info(const Options& options);
-int check(const Options& options);
-int functions(const Options& options);
+int run(const Options& options, Watchdog& watchdog);
+int eval(const Options& options, Watchdog& watchdog);
+int draw(const Options& options, Watchdog& watchdog);
+int data(const Options& options, Watchdog& watchdog);
+int info(const Options& options, Watchdog& watchdog);
+int check(const Options& options, Watchdog& watchdog);
+int functions(const Options& options, Watchdog& watchdog);
 
 /// One line on stderr.
 void say(const std::string& line);

@@ -21,7 +21,7 @@ int onlyFile(const Options& options)
 
 } // namespace
 
-int info(const Options& options)
+int info(const Options& options, Watchdog&)
 {
     if (const int status = onlyFile(options); status != kWell) return status;
     std::string text, problem;
@@ -33,7 +33,7 @@ int info(const Options& options)
     return kWell;
 }
 
-int check(const Options& options)
+int check(const Options& options, Watchdog&)
 {
     if (const int status = onlyFile(options); status != kWell) return status;
     std::string problem;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // orvald: the command line of the headless host.
 #include "commands.h"
+#include "help.h"
+#include "interrupt.h"
 
 #include <csignal>
 #include <cstdio>
@@ -11,17 +13,10 @@ namespace {
 using namespace orvald;
 using namespace orvald::cli;
 
-/// The first Ctrl-C asks the program to stop, the second one ends the process.
-extern "C" void onInterrupt(int)
-{
-    Session::interrupt();
-    std::signal(SIGINT, SIG_DFL);
-}
-
 struct Command
 {
     std::string_view name;
-    int (*run)(const Options&);
+    int (*run)(const Options&, Watchdog&);
 };
 constexpr Command kCommands[] = {
     {"run", cli::run},     {"eval", cli::eval}, {"draw", cli::draw},          {"info", cli::info},
@@ -40,12 +35,15 @@ int start(const std::vector<std::string>& arguments)
         return kWell;
     }
     if (options->help || options->command.empty()) {
-        const std::string_view text = helpText();
+        std::string text = helpText(options->command);
+        if (text.empty()) text = helpText();
         std::fwrite(text.data(), 1, text.size(), options->help ? stdout : stderr);
         return options->help ? kWell : kUsage;
     }
+    armInterrupt();
+    Watchdog watchdog(options->limits);
     for (const Command& command : kCommands) {
-        if (command.name == options->command) return command.run(*options);
+        if (command.name == options->command) return command.run(*options, watchdog);
     }
     say("orvald: no command " + options->command + " (orvald --help tells what there is)");
     return kUsage;
@@ -55,7 +53,6 @@ int start(const std::vector<std::string>& arguments)
 
 int main(int argc, char** argv)
 {
-    std::signal(SIGINT, onInterrupt);
     std::signal(SIGPIPE, SIG_IGN); // a closed reader shows as a failed write
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int status = kInternal;

@@ -4,21 +4,38 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <functional>
 
 namespace orvald::cli {
 namespace {
 
-/// An option: what it is called and what it does with its value.
+/// An option: what it is called and what it does with its value. Gives what it takes when the value
+/// is none for it, else null.
 struct Row
 {
     std::string_view name, shortName;
     bool takesValue;
-    void (*apply)(Options& options, const std::string& value);
-    /// What a value must be; none: anything.
-    bool (*fits)(const std::string& value) = nullptr;
-    std::string_view takes = {}; // "a number of pixels"
+    const char* (*apply)(Options& options, const std::string& value);
 };
+
+/// An option that is there or not.
+template <auto kSet>
+constexpr Row flag(std::string_view name, std::string_view shortName = {})
+{
+    return {name, shortName, false, [](Options& options, const std::string&) -> const char* {
+                kSet(options);
+                return nullptr;
+            }};
+}
+
+/// An option with any text.
+template <auto kSet>
+constexpr Row text(std::string_view name, std::string_view shortName = {})
+{
+    return {name, shortName, true, [](Options& options, const std::string& value) -> const char* {
+                kSet(options, value);
+                return nullptr;
+            }};
+}
 
 /// Reads `count` numbers with commas between them; false for anything else.
 bool readNumbers(std::string_view text, double* numbers, int count)
@@ -34,67 +51,90 @@ bool readNumbers(std::string_view text, double* numbers, int count)
     return at == end;
 }
 
-constexpr int kMostPixels = 16384;
-bool isPixels(const std::string& value)
+bool readWhole(std::string_view text, double least, double most, double& number)
 {
-    double n = 0.0;
-    return readNumbers(value, &n, 1) && n >= 0.0 && n <= kMostPixels && n == std::floor(n);
+    return readNumbers(text, &number, 1) && number >= least && number <= most &&
+           number == std::floor(number);
 }
-int pixels(const std::string& value)
-{
-    double n = 0.0;
-    readNumbers(value, &n, 1);
-    return static_cast<int>(n);
-}
-bool isWindow(const std::string& value)
-{
-    double n[4];
-    return readNumbers(value, n, 4) && n[0] < n[2] && n[1] < n[3];
-}
-bool isSetting(const std::string& value) { return value.find('=') != std::string::npos; }
-bool isAnswer(const std::string& value) { return value == "ok" || value == "cancel"; }
 
+const char* setBoxes(Options& options, const std::string& value)
+{
+    options.session.boxesOk = value == "ok";
+    return value == "ok" || value == "cancel" ? nullptr : "ok or cancel";
+}
+
+const char* setVariable(Options& options, const std::string& value)
+{
+    const std::size_t equals = value.find('=');
+    if (equals == std::string::npos) return "NAME=VALUE";
+    options.session.variables.emplace_back(value.substr(0, equals), value.substr(equals + 1));
+    return nullptr;
+}
+
+const char* setTimeLimit(Options& options, const std::string& value)
+{
+    double& seconds = options.limits.seconds;
+    return readNumbers(value, &seconds, 1) && seconds > 0.0 ? nullptr
+                                                            : "a number of seconds above 0";
+}
+
+const char* setMemoryLimit(Options& options, const std::string& value)
+{
+    constexpr double kMostMegabytes = 1 << 30;
+    double megabytes = 0.0;
+    if (!readWhole(value, 1.0, kMostMegabytes, megabytes)) return "a whole number of megabytes";
+    options.limits.memory = static_cast<std::size_t>(megabytes) << 20;
+    options.session.heapLimit = options.limits.memory / 2; // the rest: program, drawing
+    return nullptr;
+}
+
+template <int PictureOptions::*kMember>
+const char* setPixels(Options& options, const std::string& value)
+{
+    constexpr double kMostPixels = 16384;
+    double pixels = 0.0;
+    if (!readWhole(value, 0.0, kMostPixels, pixels)) return "pixels";
+    options.look.*kMember = static_cast<int>(pixels);
+    return nullptr;
+}
+
+const char* setWindow(Options& options, const std::string& value)
+{
+    auto& n = options.look.window.emplace();
+    const bool fits = readNumbers(value, n.data(), 4) && n[0] < n[2] && n[1] < n[3];
+    return fits ? nullptr : "LEFT,BOTTOM,RIGHT,TOP";
+}
+
+using Text = const std::string&;
 constexpr std::array kRows = {
-    Row{"--home", "", true, [](Options& o, const std::string& v) { o.session.home = v; }},
-    Row{"--load", "", true, [](Options& o, const std::string& v) { o.session.modules.push_back(v); }},
-    Row{"--no-kernel", "", false, [](Options& o, const std::string&) { o.session.kernel.clear(); }},
-    Row{"--boxes", "", true, [](Options& o, const std::string& v) { o.session.boxesOk = v == "ok"; },
-        isAnswer, "ok or cancel"},
-    Row{"--quiet", "-q", false, [](Options& o, const std::string&) { o.session.quiet = true; }},
-    Row{"--verbose", "-v", false, [](Options& o, const std::string&) { o.session.verbose = true; }},
-    Row{"--help", "-h", false, [](Options& o, const std::string&) { o.help = true; }},
-    Row{"--version", "", false, [](Options& o, const std::string&) { o.version = true; }},
-    Row{"--drawing", "-d", true, [](Options& o, const std::string& v) { o.drawing = v; }},
-    Row{"--save", "-s", true, [](Options& o, const std::string& v) { o.save = v; }},
-    Row{"--picture", "", true, [](Options& o, const std::string& v) { o.picture = v; }},
-    Row{"--answers", "", true, [](Options& o, const std::string& v) { o.answers = v; }},
-    Row{"--width", "", true, [](Options& o, const std::string& v) { o.look.width = pixels(v); },
-        isPixels, "pixels"},
-    Row{"--height", "", true, [](Options& o, const std::string& v) { o.look.height = pixels(v); },
-        isPixels, "pixels"},
-    Row{"--margin", "", true, [](Options& o, const std::string& v) { o.look.margin = pixels(v); },
-        isPixels, "pixels"},
-    Row{"--dark", "", false, [](Options& o, const std::string&) { o.look.dark = true; }},
-    Row{"--thin", "", false, [](Options& o, const std::string&) { o.look.lineWeights = false; }},
-    Row{"--layout", "", true, [](Options& o, const std::string& v) { o.look.layout = v; }},
-    Row{"--window", "", true,
-        [](Options& o, const std::string& v) {
-            readNumbers(v, o.look.window.emplace().data(), 4);
-        },
-        isWindow, "LEFT,BOTTOM,RIGHT,TOP"},
-    Row{"--from-text", "", true, [](Options& o, const std::string& v) { o.fromText = v; }},
-    Row{"--trace", "", false, [](Options& o, const std::string&) { o.session.trace = true; }},
-    Row{"--time", "", false, [](Options& o, const std::string&) { o.time = true; }},
-    Row{"--overlay", "", false, [](Options& o, const std::string&) { o.overlay = true; }},
-    Row{"--json", "", false, [](Options& o, const std::string&) { o.json = true; }},
-    Row{"", "-e", true, [](Options& o, const std::string& v) { o.expressions.push_back(v); }},
-    Row{"--set", "", true,
-        [](Options& o, const std::string& v) {
-            const std::size_t equals = v.find('=');
-            o.session.variables.emplace_back(
-                v.substr(0, equals), equals == std::string::npos ? "" : v.substr(equals + 1));
-        },
-        isSetting, "NAME=VALUE"},
+    text<[](Options& o, Text v) { o.session.home = v; }>("--home"),
+    text<[](Options& o, Text v) { o.session.modules.push_back(v); }>("--load"),
+    flag<[](Options& o) { o.session.kernel.clear(); }>("--no-kernel"),
+    Row{"--boxes", "", true, setBoxes},
+    flag<[](Options& o) { o.session.quiet = true; }>("--quiet", "-q"),
+    flag<[](Options& o) { o.session.verbose = true; }>("--verbose", "-v"),
+    flag<[](Options& o) { o.help = true; }>("--help", "-h"),
+    flag<[](Options& o) { o.version = true; }>("--version"),
+    text<[](Options& o, Text v) { o.drawing = v; }>("--drawing", "-d"),
+    text<[](Options& o, Text v) { o.save = v; }>("--save", "-s"),
+    text<[](Options& o, Text v) { o.picture = v; }>("--picture"),
+    text<[](Options& o, Text v) { o.answers = v; }>("--answers"),
+    Row{"--width", "", true, setPixels<&PictureOptions::width>},
+    Row{"--height", "", true, setPixels<&PictureOptions::height>},
+    Row{"--margin", "", true, setPixels<&PictureOptions::margin>},
+    flag<[](Options& o) { o.look.dark = true; }>("--dark"),
+    flag<[](Options& o) { o.look.lineWeights = false; }>("--thin"),
+    text<[](Options& o, Text v) { o.look.layout = v; }>("--layout"),
+    Row{"--window", "", true, setWindow},
+    text<[](Options& o, Text v) { o.fromText = v; }>("--from-text"),
+    flag<[](Options& o) { o.session.trace = true; }>("--trace"),
+    flag<[](Options& o) { o.time = true; }>("--time"),
+    flag<[](Options& o) { o.overlay = true; }>("--overlay"),
+    flag<[](Options& o) { o.json = true; }>("--json"),
+    text<[](Options& o, Text v) { o.expressions.push_back(v); }>("", "-e"),
+    Row{"--set", "", true, setVariable},
+    Row{"--timeout", "", true, setTimeLimit},
+    Row{"--memory", "", true, setMemoryLimit},
 };
 
 const Row* findRow(std::string_view name)
@@ -144,59 +184,12 @@ std::optional<Options> readOptions(const std::vector<std::string>& arguments, st
             problem = std::string(row->name) + " takes no value";
             return std::nullopt;
         }
-        if (row->fits != nullptr && !row->fits(value)) {
-            (problem = row->name).append(" takes ").append(row->takes);
+        if (const char* wanted = row->apply(options, value)) {
+            problem = std::string(row->name) + " takes " + wanted;
             return std::nullopt;
         }
-        row->apply(options, value);
     }
     return options;
-}
-
-std::string_view helpText()
-{
-    return R"(orvald: runs AutoLISP programs on drawings, with the construction-detailing kernel loaded
-
-  orvald run PROGRAM.lsp [...] [ARG ...]   load LISP programs in order; (argv) gives the arguments
-      -d, --drawing FILE.dxf       open this drawing first (else a new one)
-      -s, --save FILE.dxf          save the drawing when the program has ended without error
-      -e EXPR                      evaluate an expression after the files
-      --answers FILE               answers to prompts, one a line (else standard input)
-      --picture FILE.svg|.png      draw the result
-      --trace                      print every call into the kernel
-      --time                       totals of the kernel's functions at the end
-  orvald eval EXPR ...             print each value as LISP prints it
-      -d, --drawing FILE.dxf       in this drawing
-  orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
-      --overlay [PROGRAM.lsp ...]  with the temporary graphics that programs and -e EXPR draw on it
-      --width N, --height N, --margin N    pixels (else 1600, as what is drawn asks, and 40)
-      --dark                       on a dark background, else on white
-      --thin                       without line weights, else as on a sheet A3
-      --layout NAME                this layout instead of the model
-      --window X1,Y1,X2,Y2         this part of it; all these serve --picture too
-  orvald info FILE.dxf [--json]    what is in a drawing: version, units, extents, counts by kind, layers,
-                                   layouts, blocks, external references, kinds of other applications
-  orvald check FILE.dxf [--json]   every problem in a drawing file with its line, handle and kind, then
-                                   sums by kind; errors give the exit status 2, warnings do not
-  orvald data FILE.dex             print a data file as text that can be edited
-  orvald data --from-text TEXT FILE.dex    write a data file from such a text
-  orvald functions [WORD] [--json] the kernel's LISP functions in table order:
-                                   name, arguments, result, built or not
-
-Common options, before or after the command:
-  --home DIR            configuration, registry and catalog (else $XDG_CONFIG_HOME/orvald)
-  --set NAME=VALUE      set a system variable
-  --load FILE.arx       load a further module
-  --no-kernel           do not load the kernel
-  --boxes ok|cancel     what boxes with OK and Cancel are answered (else cancel)
-  -q, --quiet           fewer messages       -v, --verbose   more of them
-  --version             -h, --help
-
-What the program prints goes to stdout, messages and alerts to stderr, all in UTF-8.
-Exit: 0 well; 2 the drawing or data file could not be loaded, or has errors;
-3 a LISP error reached the top; 4 output not written; 5 input wanted; 6 a fault in a module; 64 usage;
-66 file missing; 70 internal; 130 interrupted.
-)";
 }
 
 } // namespace orvald::cli

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "session/session.h"
+#include "watchdog.h"
 
 #include <optional>
 #include <string>
@@ -22,12 +23,15 @@ enum Exit : int
     kUsage = 64,
     kFileMissing = 66,
     kInternal = 70,
-    kInterrupted = 130
+    kTimeLimit = 124, // as of timeout(1)
+    kInterrupted = 130,
+    kMemoryLimit = 137 // as of a program that the system ends for its memory
 };
 
 struct Options
 {
     SessionOptions session;
+    Limits limits{0.0, defaultMemoryLimit()};
     std::string command;              // "run"
     std::vector<std::string> words;   // what follows it and is no option
     std::vector<std::string> program; // run: words behind "--"
@@ -40,8 +44,5 @@ struct Options
 
 /// The options; nothing, with one line in `problem`, when the command line makes no sense.
 std::optional<Options> readOptions(const std::vector<std::string>& arguments, std::string& problem);
-
-/// What --help prints.
-std::string_view helpText();
 
 } // namespace orvald::cli

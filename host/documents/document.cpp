@@ -32,7 +32,7 @@ Document::Document(Host& host, std::unique_ptr<drawing::Drawing> drawing, std::s
       database_(std::make_unique<Database>(*drawing_)),
       variables_(*this),
       commandLine_(std::make_unique<CommandLine>(*this)),
-      world_(*this)
+      world_(*this, host.heapLimit())
 {
     defineDrawingFunctions(world_);
     drawing_->journal().step(); // from here on changes can be taken back
@@ -119,6 +119,8 @@ std::string Document::findFile(std::string_view name, std::span<const std::strin
 void Document::releasePickset(std::int32_t set) { host_.selectionSets().letGo(set); }
 
 bool Document::takeInterrupt() { return host_.takeInterrupt(); }
+
+bool Document::mustStop() const { return Host::mustStop(); }
 
 bool Document::lacksFunction(std::u16string_view name) { return isFunctionElsewhere(name); }
 

@@ -85,6 +85,7 @@ private:
                          std::span<const std::string_view> suffixes) override;
     void releasePickset(std::int32_t set) override;
     bool takeInterrupt() override;
+    bool mustStop() const override;
     void commandDefined(std::u16string_view name, bool defined) override;
     bool lacksFunction(std::u16string_view name) override;
     std::optional<lisp::Value> systemVariable(std::u16string_view name) override;

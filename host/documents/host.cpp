@@ -5,6 +5,7 @@
 #include "dxf/dxf.h"
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <dlfcn.h>
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 
 Host* theHost = nullptr;
 volatile std::sig_atomic_t interrupted = 0;
+std::atomic<bool> stopping = false;
 
 /// A file, not a folder; nothing that the system refuses to look at.
 bool isFile(const fs::path& path)
@@ -41,6 +43,8 @@ Host::~Host()
 }
 
 Host& Host::instance() { return *theHost; }
+
+Document* Host::currentOfAny() { return theHost == nullptr ? nullptr : theHost->current_; }
 
 void Host::setCurrent(Document& document)
 {
@@ -126,6 +130,10 @@ bool Host::takeInterrupt()
     interrupted = 0;
     return true;
 }
+
+void Host::setStop(bool on) { stopping = on; }
+
+bool Host::mustStop() { return stopping.load(std::memory_order_relaxed); }
 
 std::string Host::programFolder()
 {

@@ -35,6 +35,8 @@ public:
 
     /// The host; there is exactly one while any of its interface's functions may be called.
     static Host& instance();
+    /// The document that is current; null where there is no host either. Safe in a signal handler.
+    static Document* currentOfAny();
 
     Console& console() { return console_; }
     DynamicLinker& linker() { return linker_; }
@@ -103,6 +105,14 @@ public:
     static void interrupt();
     /// True once after interrupt().
     bool takeInterrupt();
+    /// Ends the running LISP program, whatever it catches, and any further one until it is taken
+    /// back; from any thread.
+    static void setStop(bool on);
+    static bool mustStop();
+
+    /// Bytes that the LISP heap of a document may take; for documents that are opened later.
+    std::size_t heapLimit() const { return heapLimit_; }
+    void setHeapLimit(std::size_t limit) { heapLimit_ = limit; }
 
     // -- calls into modules
     ChainForm chainForm() const { return chainForm_; }
@@ -135,6 +145,7 @@ private:
     std::vector<std::unique_ptr<Application>> faulted_;
     DynamicLinker linker_;
     ChainForm chainForm_;
+    std::size_t heapLimit_ = std::size_t{512} << 20;
     bool tracing_ = false;
     bool anyModuleFaulted_ = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "input_source.h"
 
+#include <cstdio>
 #include <iostream>
 #include <unistd.h>
 
@@ -23,6 +24,7 @@ std::optional<std::string> InputSource::nextLine()
         line = answers_[next_++];
     } else if (!std::getline(std::cin, line)) {
         std::cin.clear(); // a signal, or Ctrl-D on a terminal: the next prompt reads again
+        std::clearerr(stdin);
         return std::nullopt;
     }
     if (line.ends_with('\r')) line.pop_back();

@@ -30,6 +30,7 @@ std::u16string askLine(World& world, std::u16string_view prompt)
     const std::optional<std::string> answer = input.nextLine();
     if (shown && !typed) host.console().prompt(lisp::toUtf16(answer.value_or("")) + u"\n");
     if (answer) return lisp::toUtf16(*answer);
+    if (Host::mustStop()) world.raise(lisp::LispError::Sort::stopped, u"stopped");
     if (host.takeInterrupt()) {
         world.raise(lisp::LispError::Sort::cancelled, u"Function cancelled");
     }

@@ -16,10 +16,10 @@ template <class T>
 class CellTable
 {
 public:
-    T* find(const Cons* cell)
+    const T* find(const Cons* cell) const
     {
         if (slots_.empty()) return nullptr;
-        Slot& slot = slots_[place(slots_, cell)];
+        const Slot& slot = slots_[place(slots_, cell)];
         return slot.cell == nullptr ? nullptr : &slot.value;
     }
 

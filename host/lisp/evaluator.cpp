@@ -122,8 +122,12 @@ void Evaluator::safePointReached()
     countdown = stress_ ? 0 : kPollInterval;
     if (stress_ || heap.wantsCollection()) {
         collect();
-        if (heap.overLimit(symbols.bytes())) raise(u"insufficient memory");
+        currentCall = nullptr; // it may be of a function that is gone
+        if (heap.overLimit(symbols.bytes())) {
+            raise(kInsufficientMemory, LispError::Sort::outOfMemory);
+        }
     }
+    raiseIfStopped();
     if (host.takeInterrupt()) {
         interrupted_ = true;
         raise(u"Function cancelled", LispError::Sort::cancelled);

@@ -27,6 +27,8 @@
 
 namespace orvald::lisp {
 
+inline constexpr char16_t kInsufficientMemory[] = u"insufficient memory";
+
 /// A call in progress and what it has bound.
 struct Frame
 {
@@ -121,6 +123,7 @@ public:
     std::u16string undefined(std::u16string_view name) const;
     [[noreturn]] void badArgument(std::u16string_view what, Value value);
     [[noreturn]] void raiseOverflow();
+    void raiseIfStopped();
     [[noreturn]] void exitWithValue(Value value);
     void unwindTo(Frame* frame, Value* stack);
     /// Runs `body`; after an error the bindings are undone and `onError(message)` gives the result.
@@ -128,6 +131,9 @@ public:
     /// everything.
     template <class Body, class OnError>
     Value guarded(Body&& body, OnError&& onError);
+
+    /// See World::describeCalls.
+    std::size_t describeCalls(char* text, std::size_t room) const noexcept;
 
     // -- text and files
     /// As a program prints it; raises when the text outgrows the memory.
@@ -176,7 +182,7 @@ private:
     Lambda* thunkOf(CellTable<Lambda*>& table, Cons* form, bool general);
     [[noreturn]] void raiseRead(const ReadFault& fault, std::u16string_view text,
                                 const std::string& file);
-    static std::u16string messageOf(const std::exception& fault);
+    static LispError errorOf(const std::exception& fault);
     Outcome afterError(LispError error, Frame* frame, Value* stack);
     void addCallPlaces(LispError& error, const Frame* from);
     CallPlace placeOf(const Cons* form);
@@ -240,11 +246,12 @@ Value Evaluator::guarded(Body&& body, OnError&& onError)
     try {
         return body();
     } catch (LispError& error) {
-        const bool stopped = interrupted_ && error.sort == LispError::Sort::cancelled;
+        const bool stopped = error.sort == LispError::Sort::stopped ||
+                             (interrupted_ && error.sort == LispError::Sort::cancelled);
         if (exitsWithValue_ || stopped) throw;
         message = std::move(error.message);
     } catch (const std::exception& fault) {
-        message = messageOf(fault);
+        message = errorOf(fault).message;
     }
     unwindTo(frame, stack);
     currentCall = call;
@@ -262,10 +269,11 @@ Outcome Evaluator::atTop(Body&& body)
     Outcome outcome;
     try {
         outcome.value = body();
+        raiseIfStopped(); // without it, a wait that was broken off counts as an answer
     } catch (LispError& error) {
         outcome = afterError(std::move(error), frame, stack);
     } catch (const std::exception& fault) {
-        outcome = afterError({messageOf(fault), LispError::Sort::error, {}}, frame, stack);
+        outcome = afterError(errorOf(fault), frame, stack);
     } catch (...) { // not ours, but the bindings are
         unwindTo(frame, stack);
         currentCall = call;

@@ -123,7 +123,7 @@ Value Evaluator::callCore(Core which, const FormNode* call, std::initializer_lis
 
 Lambda* Evaluator::thunkOf(CellTable<Lambda*>& table, Cons* form, bool general)
 {
-    if (Lambda** known = table.find(form)) return *known;
+    if (Lambda* const* known = table.find(form)) return *known;
     Lambda* thunk = heap.make<Lambda>();
     Compiler::makeLazy(*thunk);
     thunk->bodyForms = Value::cons(heap.makeCons(Value::cons(form), Value::nil()));
@@ -149,7 +149,7 @@ Value Evaluator::runRedefined(const FormNode* node)
 
 Lambda* Evaluator::lambdaOf(Cons* list)
 {
-    if (Lambda** known = listFunctions_.find(list)) return *known;
+    if (Lambda* const* known = listFunctions_.find(list)) return *known;
     Value parameters = list->car;
     Value body = list->cdr;
     if (parameters == Value::symbol(&coreSymbol(Core::lambda).symbol)) {

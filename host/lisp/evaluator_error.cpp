@@ -38,6 +38,11 @@ void Evaluator::badArgument(std::u16string_view what, Value value)
     raise(message + printedText(value, Quoting::quoted, kLongestQuote));
 }
 
+void Evaluator::raiseIfStopped()
+{
+    if (host.mustStop()) raise(u"stopped", LispError::Sort::stopped);
+}
+
 void Evaluator::raiseOverflow() { raise(u"stack overflow"); }
 
 void Evaluator::exitWithValue(Value value)
@@ -59,13 +64,16 @@ void Evaluator::unwindTo(Frame* frame, Value* stack)
     sp = stack;
 }
 
-std::u16string Evaluator::messageOf(const std::exception& fault)
+LispError Evaluator::errorOf(const std::exception& fault)
 {
+    using Sort = LispError::Sort;
     try {
-        if (dynamic_cast<const std::bad_alloc*>(&fault) != nullptr) return u"insufficient memory";
-        return toUtf16(fault.what());
+        if (dynamic_cast<const std::bad_alloc*>(&fault) == nullptr) {
+            return {toUtf16(fault.what()), Sort::error, {}};
+        }
+        return {kInsufficientMemory, Sort::outOfMemory, {}};
     } catch (const std::bad_alloc&) {
-        return u"memory"; // short enough to need none
+        return {u"memory", Sort::outOfMemory, {}}; // short enough to need none
     }
 }
 
@@ -82,7 +90,8 @@ Outcome Evaluator::afterError(LispError error, Frame* frame, Value* stack)
     try {
         addCallPlaces(error, frame);
         Symbol* handler = symbols.find(u"*ERROR*");
-        if (handler != nullptr && !handler->value.isNil()) {
+        const bool hears = error.sort != LispError::Sort::stopped;
+        if (hears && handler != nullptr && !handler->value.isNil()) {
             // A full stack must not keep the handler from running.
             spLimit += kErrorReserve;
             const Value message = heap.makeString(error.message);

@@ -23,6 +23,8 @@ Kind Value::kind() const
 
 std::u16string_view Value::asString() const { return stringOf(*this); }
 
+bool WorldHost::mustStop() const { return false; }
+
 bool WorldHost::lacksFunction(std::u16string_view) { return false; }
 
 std::optional<Value> WorldHost::systemVariable(std::u16string_view) { return std::nullopt; }
@@ -214,6 +216,11 @@ Value World::read(std::u16string_view text) { return evaluator_->readFirst(text)
 
 std::u16string World::princ(Value value) const { return printedText(value, Quoting::bare); }
 std::u16string World::prin1(Value value) const { return printedText(value, Quoting::quoted); }
+
+std::size_t World::describeCalls(char* text, std::size_t room) const noexcept
+{
+    return evaluator_->describeCalls(text, room);
+}
 
 bool World::equal(Value a, Value b, double fuzz) const { return equalValues(a, b, fuzz); }
 

@@ -31,7 +31,12 @@ Evaluation evaluationOf(lisp::World& world, const lisp::Outcome& outcome)
     }
     const lisp::LispError& error = *outcome.error;
     result.error = toUtf8(error.message);
-    result.cancelled = error.sort == lisp::LispError::Sort::cancelled;
+    using Sort = lisp::LispError::Sort;
+    result.end = error.sort == Sort::cancelled     ? Evaluation::End::cancelled
+                 : error.sort == Sort::stopped     ? Evaluation::End::stopped
+                 : error.sort == Sort::outOfMemory ? Evaluation::End::outOfMemory
+                 : error.sort == Sort::exit        ? Evaluation::End::left
+                                                   : Evaluation::End::error;
     for (const lisp::CallPlace& place : error.calls) {
         result.calls.push_back({toUtf8(place.call), place.file, place.line});
     }
@@ -102,6 +107,7 @@ Session::Session(const SessionOptions& options) : state_(std::make_unique<State>
     host.setTracing(options.trace);
     host.setChainForm({options.dotInMiddle, options.longIntegers});
     host.setProgramArguments(options.arguments);
+    if (options.heapLimit != 0) host.setHeapLimit(options.heapLimit);
     if (options.answers) host.input().setAnswers(*options.answers);
     state_->variables = options.variables;
     std::vector<std::string> modules = options.modules;
@@ -291,6 +297,14 @@ std::size_t Session::unusedAnswers() const { return state_->host.input().unused(
 void Session::finishOutput() { state_->host.console().finish(); }
 
 void Session::interrupt() { Host::interrupt(); }
+
+void Session::setStop(bool on) { Host::setStop(on); }
+
+std::size_t Session::describeCalls(char* text, std::size_t room) noexcept
+{
+    Document* document = Host::currentOfAny();
+    return document == nullptr ? 0 : document->world().describeCalls(text, room);
+}
 
 int runOnLispThread(const std::function<int()>& body)
 {

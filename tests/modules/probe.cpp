@@ -71,6 +71,7 @@ constexpr KEX::LispRow kRows[] = {
     {KT("probe_sort"), faultSort, KT(""), KT("")},
     {KT("probe_pending"), faultPending, KT(""), KT("")},
     {KT("probe_in_depth"), faultInDepth, KT(""), KT("")},
+    {KT("probe_never"), faultNever, KT(""), KT("")},
     {KT("probe_throw_text"), throwText, KT(""), KT("")},
     {KT("probe_throw"), throwStandard, KT(""), KT("")},
     {KT("probe_not_built"), KEX::notBuilt, KT(""), KT("")},

@@ -18,6 +18,7 @@ KEX::LispFn argPrint, argEcho, argEnames, argIds, argReader, argItem, argChangeI
     argConfigure, argDialog;
 // probe_faults.cpp
 KEX::LispFn faultRead, faultWrite, faultDivide, faultIllegal, faultCall, faultStack, faultPromise,
-    faultNoexcept, faultDestructor, faultSort, faultPending, throwText, throwStandard, faultInDepth;
+    faultNoexcept, faultDestructor, faultSort, faultPending, throwText, throwStandard, faultInDepth,
+    faultNever;
 
 } // namespace probe

@@ -112,6 +112,14 @@ int faultInDepth(const resbuf* args)
     return faultRead(copy) + text.len();
 }
 
+/// Does not come back.
+int faultNever(const resbuf*)
+{
+    while (zero == 0) {
+    }
+    return RTNORM;
+}
+
 int throwText(const resbuf*) { throw CKexString(KT("keine Norm")); }
 
 int throwStandard(const resbuf*) { throw std::out_of_range("too far"); }

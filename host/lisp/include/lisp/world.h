@@ -39,7 +39,9 @@ struct LispError
     {
         error,
         exit,
-        cancelled
+        cancelled,
+        outOfMemory,
+        stopped // by the host: neither vl-catch-all-apply nor *error* gets it
     };
     std::u16string message; // as *error* gets it
     Sort sort = Sort::error;
@@ -120,6 +122,9 @@ public:
     /// The user wants to stop the program (Ctrl-C); read at safe points, cleared by the reader. The
     /// error that follows is not caught by vl-catch-all-apply; one that a prompt raises is.
     virtual bool takeInterrupt() = 0;
+    /// The program is to end, whatever it catches; read at safe points. Stays true until nothing of
+    /// the program runs any more.
+    virtual bool mustStop() const;
     /// A "c:" function was defined or removed.
     virtual void commandDefined(std::u16string_view name, bool defined) = 0;
     /// True for a function of the language that this host does not have: the error of a call says
@@ -233,6 +238,10 @@ public:
     Value read(std::u16string_view text);
     std::u16string princ(Value value) const; // strings bare
     std::u16string prin1(Value value) const; // strings quoted and escaped
+
+    /// The calls in progress as lines of UTF-8, innermost first, for a program that does not come
+    /// back: safe in a signal handler on the world's thread. Gives the bytes written.
+    std::size_t describeCalls(char* text, std::size_t room) const noexcept;
 
     bool equal(Value a, Value b, double fuzz = 0.0) const;
     void collectGarbage();

@@ -29,6 +29,7 @@ struct SessionOptions
     bool trace = false;                 // every call into a module, on stderr
     bool dotInMiddle = false;           // dotted pairs go to modules as RTLB a RTDOTE b RTLE
     bool longIntegers = false;          // integers go to modules as RTLONG always
+    std::size_t heapLimit = 0;          // bytes of LISP data in a document; 0: the host's default
     std::vector<std::string> arguments; // what (argv) gives
     std::vector<std::pair<std::string, std::string>> variables; // system variables to set
     std::optional<std::vector<std::string>> answers;            // to prompts, instead of stdin
@@ -57,11 +58,18 @@ struct CallLine
 struct Evaluation
 {
     bool ok = true;
-    std::string value;           // as LISP prints it; empty for the blank symbol
-    std::string error;           // message; empty when ok
-    std::string failure;         // what a module said last through acdbFail during the evaluation
-    bool handled = false;        // the program's own *error* has had it
-    bool cancelled = false;      // Ctrl-C
+    std::string value;    // as LISP prints it; empty for the blank symbol
+    std::string error;    // message; empty when ok
+    std::string failure;  // what a module said last through acdbFail during the evaluation
+    bool handled = false; // the program's own *error* has had it
+    enum class End
+    {
+        error,
+        left, // by (exit), (quit) and the like
+        cancelled,
+        outOfMemory,
+        stopped
+    } end = End::error;          // what kind of error; means nothing when ok
     std::vector<CallLine> calls; // innermost first
 };
 
@@ -139,6 +147,12 @@ public:
     void finishOutput();
     /// Asks the running program to stop; may be called from a signal handler.
     static void interrupt();
+    /// Ends the running program, whatever it catches, with End::stopped, and any further one until
+    /// it is taken back. From any thread; a prompt that waits needs a signal besides.
+    static void setStop(bool on);
+    /// The LISP calls in progress as lines of UTF-8, innermost first; the bytes written. Safe in a
+    /// signal handler on the session's thread.
+    static std::size_t describeCalls(char* text, std::size_t room) noexcept;
 
 private:
     struct State;

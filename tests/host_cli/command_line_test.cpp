@@ -1,44 +1,13 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // The command line as a user types it: output, messages and exit status of the real program.
-#include "session_support.h"
+#include "command_line.h"
 
 #include <array>
-#include <cstdio>
-#include <sys/wait.h>
 
 namespace {
 
-struct Result
-{
-    int status = -1;
-    std::string out, err;
-};
-
-class CommandLine : public testing::Test
-{
-protected:
-    std::string write(const std::string& name, const std::string& text) const
-    {
-        kextest::writeFile(home_ / name, text);
-        return home_ / name;
-    }
-    std::string file(const std::string& name) const { return home_ / name; }
-
-    /// Runs orvald; `rest` is shell text, `input` what standard input holds.
-    Result orvald(const std::string& rest, const std::string& input = {}) const
-    {
-        const std::string in = write("stdin", input);
-        const std::string line = "cd " + home_.path() + " && " KEX_BIN_DIR "/orvald --home " +
-                                 home_ / "home" + " " + rest + " <" + in + " >" + home_ / "out" +
-                                 " 2>" + home_ / "err";
-        const int status = std::system(line.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kextest::readFile(home_ / "out"),
-                kextest::readFile(home_ / "err")};
-    }
-
-private:
-    kextest::TempFolder home_;
-};
+using kextest::CommandLine;
+using kextest::Result;
 
 TEST_F(CommandLine, EvalPrintsEachValueAsLispDoes)
 {
@@ -240,17 +209,6 @@ TEST_F(CommandLine, BoxesAreAnsweredByPolicy)
 {
     EXPECT_EQ(orvald("eval 1 --boxes maybe").status, 64);
     EXPECT_EQ(orvald("eval '(alert \"Achtung\")'").err, "ALERT: Achtung\n");
-}
-
-TEST_F(CommandLine, CtrlCEndsTheProgramWithItsOwnStatus)
-{
-    write("loop.lsp", "(while T)\n");
-    const std::string line = "timeout --foreground --preserve-status -s INT 1 " KEX_BIN_DIR
-                             "/orvald --home " +
-                             file("home") + " run " + file("loop.lsp") + " 2>" + file("err");
-    const int status = std::system(line.c_str());
-    EXPECT_EQ(WEXITSTATUS(status), 130);
-    EXPECT_NE(kextest::readFile(file("err")).find("interrupted"), std::string::npos);
 }
 
 } // namespace
