@@ -5,6 +5,7 @@
 #include "mend.h"
 
 #include <algorithm>
+#include <set>
 
 namespace orvald::dxf {
 
@@ -32,6 +33,7 @@ public:
         for (Index i = 0; i < count; ++i)
             if (drawing_.at(i).family() == Family::object && i != drawing_.rootDictionary())
                 mendOwner(i);
+        for (const auto& [dictionary, object] : strangers_) mendStranger(dictionary, object);
     }
 
 private:
@@ -96,6 +98,8 @@ private:
             if (object == kNone || object == index ||
                 drawing_.at(object).family() != Family::object)
                 lost.push_back(entry.key);
+            else if (drawing_.at(object).owner != drawing_.at(index).handle)
+                strangers_.emplace_back(index, object);
         }
         for (const std::string& key : lost) {
             warn(nameOf(index) + ": entry " + quoted(key) + " names no object and is left out");
@@ -145,8 +149,36 @@ private:
                                          : drawing_.at(drawing_.rootDictionary()).handle;
     }
 
+    /// An entry whose owner is another object, which knows nothing of it, gets its dictionary as
+    /// owner.
+    void mendStranger(Index dictionary, Index object)
+    {
+        const Record& record = drawing_.at(object);
+        const Handle mine = drawing_.at(dictionary).handle;
+        if (record.owner == mine || object == drawing_.rootDictionary()) return;
+        const Index owner = drawing_.byHandle(record.owner);
+        if (owners_.insert(owner).second) noteHeld(drawing_.at(owner));
+        if (held_.contains({record.owner, record.handle})) return;
+        warn(nameOf(object) + " was owned by something else than its dictionary");
+        drawing_.edit(object).owner = mine;
+    }
+
+    /// Notes all that an owner names as its own.
+    void noteHeld(const Record& owner)
+    {
+        const auto note = [&](Handle object) { held_.emplace(owner.handle, object); };
+        note(owner.extensionDictionary());
+        if (const Dictionary* entries = owner.dictionary())
+            for (const Dictionary::Entry& entry : entries->entries()) note(entry.object);
+        for (const Tag tag : owner.tags)
+            if (tag.code() >= 350 && tag.code() <= 369) note(tag.handle());
+    }
+
     Drawing& drawing_;
     Warnings& warnings_;
+    std::vector<std::pair<Index, Index>> strangers_; // dictionary, entry that it does not own
+    std::set<Index> owners_;                         // of strangers
+    std::set<std::pair<Handle, Handle>> held_;       // what these own, and by whom
     std::optional<std::unordered_map<Handle, Handle>> listed_; // object to dictionary
 };
 

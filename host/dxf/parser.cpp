@@ -221,18 +221,7 @@ void Parser::readRecord(Section section, Family family)
 void Parser::readHeadGroup(Record& record)
 {
     const int code = in_.code();
-    if (code == 102) {
-        const bool ours = braces_ == Braces::extension || braces_ == Braces::reactors;
-        if (in_.value() == "{ACAD_XDICTIONARY") {
-            braces_ = Braces::extension;
-        } else if (in_.value() == "{ACAD_REACTORS") {
-            braces_ = Braces::reactors;
-        } else {
-            if (!ours || in_.value() != "}") tags_.take(in_);
-            braces_ = in_.value().starts_with("{") ? Braces::other : Braces::none;
-        }
-        return;
-    }
+    if (code == 102) return readBrace();
     if (code == 100) {
         closeBraces();
         head_ = false;
@@ -256,13 +245,29 @@ void Parser::readHeadGroup(Record& record)
     }
 }
 
+void Parser::readBrace()
+{
+    const std::string_view value = in_.value();
+    if (value == "}" && braces_ != Braces::none) {
+        if (braces_ == Braces::other) tags_.take(in_);
+        braces_ = Braces::none;
+    } else if (value.starts_with('{')) {
+        closeBraces();
+        braces_ = value == "{ACAD_XDICTIONARY" ? Braces::extension
+                  : value == "{ACAD_REACTORS"  ? Braces::reactors
+                                               : Braces::other;
+        if (braces_ == Braces::other) tags_.take(in_);
+    } else {
+        handler_.warn(in_.line(), quoted(value) + " opens and closes no braces: left out");
+    }
+}
+
 void Parser::closeBraces()
 {
-    if (braces_ == Braces::other) {
-        handler_.warn(in_.line(), "braces of an application are not closed: they are now");
-        tags_.finish();
-        tags_.list().addText(102, "}");
-    }
+    if (braces_ == Braces::none) return;
+    handler_.warn(in_.line(), "braces (102) are not closed: they are now");
+    tags_.finish();
+    if (braces_ == Braces::other) tags_.list().addText(102, "}");
     braces_ = Braces::none;
 }
 

@@ -63,6 +63,7 @@ private:
     /// Reads the record that the present group 0 opens; stands on the next group 0 then.
     void readRecord(Section section, drawing::Family family);
     void readHeadGroup(drawing::Record& record);
+    void readBrace();
     void closeBraces();
     void needDictionaryMarker();
     bool readEntry(drawing::Record& record);

@@ -167,6 +167,7 @@ void Auditor::endRecord()
     if (section_ == "HEADER") return misplaced("inside section HEADER");
     checkPoints();
     checkXdata();
+    if (marked_) checkForm();
     if (section_ == "CLASSES") return takeClass();
     if (section_ == "TABLES") return takeTablePart();
     if (section_ == "BLOCKS") return takeBlockPart();
@@ -193,10 +194,7 @@ void Auditor::beginSection()
     sections_.push_back(section_);
     inTable_ = false;
     openBlock_ = nullptr;
-    if (section_ == "HEADER") {
-        checkPoints();
-        checkHeader();
-    }
+    if (section_ == "HEADER") checkHeader();
 }
 
 void Auditor::endSection()
@@ -228,9 +226,12 @@ void Auditor::checkHeader()
             continue;
         }
         const AuditRecord::Group value = record_[i++];
-        if (beginsPoint(value.code))
+        if (beginsPoint(value.code)) {
+            const std::size_t first = i;
             for (const int code : {value.code + 10, value.code + 20})
                 if (i < record_.size() && record_[i].code == code) ++i;
+            if (i == first) fail(value.line, std::string(name.value) + " has an x alone");
+        }
         if (name.value == "$HANDSEED") readHandle(value.value, seed_);
         const int wanted = version_ >= "AC1032" ? 90 : 70;
         if (name.value == "$ACADMAINTVER" && value.code != wanted)
@@ -245,7 +246,20 @@ void Auditor::checkPoints()
         if (beginsPoint(code) && (i + 1 == record_.size() || record_[i + 1].code != code + 10))
             error("lone-coordinate", "group " + std::to_string(code) + " is not followed by " +
                                          std::to_string(code + 10));
+        // A normal without its z means another plane.
+        else if (code == 210 && (i + 2 >= record_.size() || record_[i + 2].code != 230))
+            error("lone-coordinate", "group 220 is not followed by 230");
     }
+}
+
+void Auditor::checkForm()
+{
+    if (!record_.bracesHold)
+        error("braces", "the braces (102) in front of its first subclass marker do not pair");
+    for (std::size_t i = record_.bodyBegin() + 1; record_.isInBody(i); ++i)
+        if (record_[i].code == 100 && record_[i - 1].code == 100 &&
+            record_[i].value == record_[i - 1].value)
+            error("second-marker", "subclass marker " + quoted(record_[i].value) + " twice");
 }
 
 void Auditor::takeClass()

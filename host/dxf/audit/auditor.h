@@ -40,6 +40,8 @@ private:
     void endSection();
     void checkHeader();
     void checkPoints();
+    /// Braces and subclass markers.
+    void checkForm();
     void takeClass();
     void takeTablePart();
     void takeTableHead();
@@ -56,9 +58,11 @@ private:
     void checkEntity();
     void checkLooks();
     void checkNames();
+    void checkXdata();
+    // count_rules.cpp
+    void checkCounts();
     void checkVertexCount();
     void checkHatch();
-    void checkXdata();
     // object_rules.cpp
     void checkTableName();
     void checkLayer();

@@ -27,11 +27,12 @@ struct Naming
     int code;
     TableId table;
 };
-constexpr Naming kNaming[] = {{"INSERT", 2, TableId::blockRecord},
-                              {"TEXT", 7, TableId::style},
-                              {"MTEXT", 7, TableId::style},
-                              {"DIMENSION", 3, TableId::dimstyle},
-                              {"LEADER", 3, TableId::dimstyle}};
+constexpr Naming kNaming[] = {
+    {"INSERT", 2, TableId::blockRecord}, {"TEXT", 7, TableId::style},
+    {"ATTRIB", 7, TableId::style},       {"ATTDEF", 7, TableId::style},
+    {"MTEXT", 7, TableId::style},        {"DIMENSION", 2, TableId::blockRecord},
+    {"DIMENSION", 3, TableId::dimstyle}, {"ARC_DIMENSION", 2, TableId::blockRecord},
+    {"LEADER", 3, TableId::dimstyle},    {"TOLERANCE", 3, TableId::dimstyle}};
 
 /// Bytes that a group of extended data takes in a drawing, about.
 std::size_t sizeInDrawing(const AuditRecord::Group& group)
@@ -47,8 +48,6 @@ std::size_t sizeInDrawing(const AuditRecord::Group& group)
     default: return group.value.size() + 3;
     }
 }
-
-bool endsWithin(const AuditRecord& record, std::size_t i) { return i < record.bodyEnd(); }
 
 } // namespace
 
@@ -76,10 +75,9 @@ void Auditor::checkEntity()
         error("no-marker", "no subclass marker AcDbEntity");
     checkLooks();
     checkNames();
-    if (record_.is("LWPOLYLINE")) checkVertexCount();
-    if (record_.is("HATCH")) checkHatch();
+    checkCounts();
     if (record_.is("MTEXT")) {
-        for (std::size_t i = record_.find(3); endsWithin(record_, i); i = record_.find(3, i + 1)) {
+        for (std::size_t i = record_.find(3); record_.isInBody(i); i = record_.find(3, i + 1)) {
             const std::string_view piece = record_[i].value;
             const auto characters = std::count_if(piece.begin(), piece.end(), [](char c) {
                 return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
@@ -90,7 +88,7 @@ void Auditor::checkEntity()
         }
     }
     const std::size_t normal = record_.find(210);
-    if (!endsWithin(record_, normal)) return;
+    if (!record_.isInBody(normal)) return;
     double x = 0.0, y = 0.0, z = 0.0;
     const bool numbers = readReal(record_[normal].value, x) == Reading::good &&
                          readReal(record_.text(220, "0"), y) == Reading::good &&
@@ -104,7 +102,7 @@ void Auditor::checkLooks()
     bool hasLayer = false, hasLineType = false;
     // The groups that all entities have: up to the second subclass marker.
     const std::size_t first = record_.bodyBegin() + (marked_ ? 1 : 0);
-    for (std::size_t i = first; endsWithin(record_, i); ++i) {
+    for (std::size_t i = first; record_.isInBody(i); ++i) {
         const AuditRecord::Group group = record_[i];
         if (group.code == 100 && marked_) break;
         std::int64_t number = 0;
@@ -141,60 +139,9 @@ void Auditor::checkNames()
     for (const Naming& naming : kNaming) {
         if (!record_.is(naming.type)) continue;
         const std::size_t at = record_.find(naming.code);
-        if (endsWithin(record_, at)) index_.use(record_, naming.table, record_[at].value);
-        else if (naming.table == TableId::blockRecord) error("undefined-name", "it names no block");
+        if (record_.isInBody(at)) index_.use(record_, naming.table, record_[at].value);
+        else if (record_.is("INSERT")) error("undefined-name", "it names no block");
     }
-}
-
-void Auditor::checkVertexCount()
-{
-    const std::size_t marker = record_.marker("AcDbPolyline");
-    const std::size_t first = marker + 1;
-    if (first >= record_.size() || record_[first].code != 90)
-        return error("vertex-count", "the number of vertices (90) must come first");
-    std::int64_t told = 0, found = 0;
-    readWhole(record_[first].value, told);
-    for (std::size_t i = first; endsWithin(record_, i); ++i) found += record_[i].code == 10 ? 1 : 0;
-    if (told != found)
-        error("vertex-count",
-              "it tells " + std::to_string(told) + " vertices and has " + std::to_string(found));
-}
-
-void Auditor::checkHatch()
-{
-    struct Path
-    {
-        std::int64_t flags, told = -1, found = 0;
-    };
-    std::vector<Path> paths;
-    std::int64_t told = -1;
-    bool derived = false;
-    for (std::size_t i = record_.bodyBegin(); endsWithin(record_, i); ++i) {
-        const AuditRecord::Group group = record_[i];
-        if (group.code == 75) break;
-        std::int64_t number = 0;
-        readWhole(group.value, number);
-        if (group.code == 91) {
-            told = number;
-        } else if (group.code == 92) {
-            paths.push_back({number});
-            derived = derived || (number & 4) != 0;
-        } else if (paths.empty()) {
-            continue;
-        } else if (group.code == 93 && paths.back().told < 0) {
-            paths.back().told = number;
-        } else if (paths.back().told >= 0 &&
-                   group.code == ((paths.back().flags & 2) != 0 ? 10 : 72)) {
-            ++paths.back().found;
-        }
-    }
-    const bool hold = std::all_of(paths.begin(), paths.end(),
-                                  [](const Path& path) { return path.told == path.found; });
-    if (!hold || (told >= 0 && told != static_cast<std::int64_t>(paths.size())))
-        error("hatch-counts", "the counts of its boundary (91, 93) do not hold");
-    if (marked_ && derived != endsWithin(record_, record_.find(47)))
-        error("hatch-pixel-size",
-              "a pixel size (47) belongs to derived boundaries and only to them");
 }
 
 void Auditor::checkXdata()

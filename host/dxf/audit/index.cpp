@@ -27,6 +27,28 @@ enum Type : std::uint16_t
 constexpr std::string_view kTypes[] = {"TABLE",      "BLOCK_RECORD",        "POLYLINE", "INSERT",
                                        "DICTIONARY", "ACDBDICTIONARYWDFLT", "LAYOUT"};
 
+/// References that lead to records of one type. Proxies may stand for any.
+struct Leading
+{
+    std::string_view type;
+    int first, last; // groups
+    std::string_view to;
+};
+constexpr Leading kLeading[] = {
+    {"DIMSTYLE", 340, 340, "STYLE"},   {"DIMSTYLE", 341, 344, "BLOCK_RECORD"},
+    {"DIMSTYLE", 345, 347, "LTYPE"},   {"LAYER", 390, 390, "ACDBPLACEHOLDER"},
+    {"LAYER", 347, 347, "MATERIAL"},   {"BLOCK_RECORD", 340, 340, "LAYOUT"},
+    {"MLINE", 340, 340, "MLINESTYLE"}, {"IMAGE", 340, 340, "IMAGEDEF"}};
+
+/// The type that a group of a record leads to; "" when it may be any.
+std::string_view leadsTo(std::string_view type, int group)
+{
+    for (const Leading& leading : kLeading)
+        if (group >= leading.first && group <= leading.last && type == leading.type)
+            return leading.to;
+    return {};
+}
+
 /// Groups that hold what they name fast; a proxy's are not its own.
 bool isHard(int code) { return code >= 340; }
 
@@ -92,7 +114,8 @@ Index AuditIndex::add(const AuditRecord& record, Place place, TableId table)
         if (group.code < 330 || !isReference(group.code) ||
             readHandle(group.value, to) != Reading::good || to == 0)
             continue;
-        if (find(to) == kNone) references_.push_back({index, group.code, to});
+        if (find(to) == kNone || !leadsTo(record.type(), group.code).empty())
+            references_.push_back({index, group.code, to});
     }
     for (std::size_t i = record.bodyEnd(); i < record.size(); ++i) {
         Handle to = 0;
@@ -190,11 +213,21 @@ void AuditIndex::checkOwner(Index index)
 
 void AuditIndex::checkReference(const Reference& reference)
 {
-    if (find(reference.to) != kNone) return;
+    const Index target = find(reference.to);
+    const std::string_view type = types_[known_[reference.from].type];
+    if (target != kNone) {
+        const std::string_view wanted = leadsTo(type, reference.code);
+        const std::string_view found = types_[known_[target].type];
+        if (!wanted.empty() && found != wanted && !found.starts_with("ACAD_PROXY"))
+            problem(true, "wrong-kind", reference.from,
+                    "group " + std::to_string(reference.code) + " names the " + nameOf(target) +
+                        ", which is no " + std::string(wanted));
+        return;
+    }
     const std::string to = handleText(reference.to) + ", which does not exist";
     if (reference.code == 102)
         return problem(false, "reactor", reference.from, "a reactor is " + to);
-    const bool proxy = types_[known_[reference.from].type].starts_with("ACAD_PROXY");
+    const bool proxy = type.starts_with("ACAD_PROXY");
     const bool isError = isHard(reference.code) && reference.code != 1005 && !proxy;
     problem(isError, "dangling-reference", reference.from,
             "group " + std::to_string(reference.code) + " names " + to);
@@ -210,7 +243,7 @@ void AuditIndex::checkEntry(const Entry& entry)
     if (object == entry.dictionary)
         problem(true, "dictionary-entry", entry.dictionary, key + " is the dictionary itself");
     else if (known_[object].owner != known_[entry.dictionary].handle)
-        problem(false, "dictionary-entry", entry.dictionary,
+        problem(true, "dictionary-entry", entry.dictionary,
                 key + " is owned by " + handleText(known_[object].owner));
 }
 

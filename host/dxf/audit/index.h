@@ -114,7 +114,7 @@ private:
     drawing::HandleMap handles_; // to places in known_
     std::vector<std::string> types_;
     std::unordered_map<std::string, std::uint16_t> typePlaces_;
-    std::vector<Reference> references_; // those that name what stands behind them
+    std::vector<Reference> references_; // to what stands behind them, or must be of one type
     std::vector<Reference> extensions_;
     std::vector<Entry> entries_;
     std::vector<NameUse> uses_; // of names that are not defined so far

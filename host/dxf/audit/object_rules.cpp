@@ -61,7 +61,9 @@ void Auditor::checkDictionary(Index index)
                                          std::to_string(group.code) + (hard ? ", though" : ";") +
                                          " the dictionary owns " + (hard ? "hard" : "soft"));
         Handle object = 0;
-        if (readHandle(group.value, object) == Reading::good) index_.addEntry(index, key, object);
+        if (readHandle(group.value, object) != Reading::good) continue;
+        if (object == 0) error("dictionary-entry", "entry " + quoted(key) + " names nothing");
+        else index_.addEntry(index, key, object);
     }
     if (open || !paired) error("dictionary-entry", "keys and entries do not pair");
 }

@@ -11,6 +11,7 @@ void AuditRecord::clear()
     places_.clear();
     reactors.clear();
     hasHandle = hasOwner = false;
+    bracesHold = true;
     handle = owner = extension = 0;
 }
 
@@ -43,9 +44,12 @@ void AuditRecord::split(bool marked)
             break;
         }
         if (group.code == 102) {
+            const bool opens = group.value.starts_with('{');
+            bracesHold =
+                bracesHold && opens == (braces == Braces::none) && (opens || group.value == "}");
             braces = group.value == "{ACAD_XDICTIONARY" ? Braces::ofExtension
                      : group.value == "{ACAD_REACTORS"  ? Braces::ofReactors
-                     : group.value.starts_with('{')     ? Braces::ofOthers
+                     : opens                            ? Braces::ofOthers
                                                         : Braces::none;
         } else if (braces == Braces::ofExtension && group.code == 360) {
             readHandle(group.value, extension);
@@ -57,6 +61,7 @@ void AuditRecord::split(bool marked)
             hasOwner = readHandle(group.value, owner) == Reading::good;
         }
     }
+    bracesHold = bracesHold && braces == Braces::none;
     // Without markers the body begins behind the type; programs put any group into xrecords.
     if (!marked || isTable) body_ = 1;
     xdata_ = is("XRECORD") ? size() : find(1001, body_);

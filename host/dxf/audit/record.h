@@ -42,6 +42,7 @@ public:
     // markers) to the extended data.
     std::size_t bodyBegin() const { return body_; }
     std::size_t bodyEnd() const { return xdata_; }
+    bool isInBody(std::size_t i) const { return i < xdata_; }
     /// First group of a code in the body; size() when there is none.
     std::size_t find(int code) const { return find(code, body_); }
     std::size_t find(int code, std::size_t from) const;
@@ -53,6 +54,7 @@ public:
     std::size_t marker(std::string_view name) const;
 
     bool hasHandle = false, hasOwner = false;
+    bool bracesHold = true; // each 102 {NAME in front of the body has its 102 }
     drawing::Handle handle = 0, owner = 0, extension = 0;
     std::vector<drawing::Handle> reactors;
 
