@@ -112,7 +112,10 @@ void Parser::readHeader()
 void Parser::setEncoding()
 {
     constexpr std::string_view firstUtf8 = "AC1021";
-    if (version_ >= firstUtf8) return; // whatever code page such files tell
+    if (version_ >= firstUtf8) { // whatever code page such files tell, in front of it or behind
+        form_.page = nullptr;
+        return;
+    }
     if (form_.page == nullptr) form_.page = &text::CodePage::ansi1252();
     if (in_.code() != 3) return;
     // Old files say "ascii" and mean the code page of their country.
