@@ -156,6 +156,7 @@ MTextView mtextView(const Record& record)
     }
     view.lineSpacing = tags.real(44, 1.0);
     view.attachment = held(tags.integer(71, 1), 1, 9);
+    view.exactSpacing = tags.integer(73, 1) == 2;
     view.style = tags.text(7, "Standard");
     view.normal = tags.point(210, view.normal);
     return view;

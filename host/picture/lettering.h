@@ -20,6 +20,8 @@ struct LetterLook
     double oblique = 0.0;  // lean to the right
     double tracking = 1.0; // of the step from letter to letter
     bool underline = false, overline = false, strike = false;
+    bool bold = false, italic = false;
+    bool symbols = false;                   // letters stand for signs of form and position
     std::optional<int> colour;              // number, 0 by block, 256 by layer
     std::optional<std::int64_t> trueColour; // 0xRRGGBB
 

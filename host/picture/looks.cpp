@@ -36,17 +36,17 @@ Looks::Looks(const drawing::Drawing& drawing, Background background)
 
 int Looks::weight(std::int64_t stored) const { return stored >= 0 ? held(stored) : kDefaultWeight; }
 
-const std::vector<double>* Looks::dashes(std::string_view lineType)
+const std::vector<double>* Looks::lineType(std::string_view name)
 {
-    auto found = lineTypes_.find(lineType);
+    auto found = lineTypes_.find(name);
     if (found == lineTypes_.end()) {
         std::vector<double> lengths;
-        const drawing::Index index = drawing_.findRecord(drawing::TableId::ltype, lineType);
+        const drawing::Index index = drawing_.findRecord(drawing::TableId::ltype, name);
         if (index != drawing::kNone) {
             for (const Tag tag : drawing_.at(index).tags)
                 if (tag.code() == 49) lengths.push_back(tag.real());
         }
-        found = lineTypes_.emplace(lineType, std::move(lengths)).first;
+        found = lineTypes_.emplace(name, std::move(lengths)).first;
     }
     return found->second.empty() ? nullptr : &found->second;
 }
@@ -68,7 +68,7 @@ const Layer& Looks::layer(std::string_view name)
             const auto rgb = record.tags.integer(420, -1);
             if (rgb >= 0) layer.colour = trueColour(rgb);
             layer.weight = weight(record.tags.integer(370, -3));
-            layer.dashes = dashes(record.tags.text(6));
+            layer.dashes = lineType(record.tags.text(6));
             layer.off = number < 0;
             layer.frozen = (record.tags.integer(70) & 1) != 0;
         }
@@ -89,7 +89,7 @@ Colour Looks::colour(int number, const Look& look, const Look* block) const
 
 Look Looks::of(const Record& entity, const Look* block)
 {
-    std::string_view layerName = "0", lineType = "ByLayer";
+    std::string_view layerName = "0", typeName = "ByLayer";
     std::int64_t number = kByLayer, rgb = -1, opacity = 0, stored = kWeightByLayer;
     Look look;
     int markers = 0;
@@ -97,7 +97,7 @@ Look Looks::of(const Record& entity, const Look* block)
         const Tag tag = *at;
         switch (tag.code()) {
         case 100: ++markers; break; // behind the second one stand the groups of its own kind
-        case 6: lineType = tag.text(); break;
+        case 6: typeName = tag.text(); break;
         case 8: layerName = tag.text(); break;
         case 48: look.dashScale = tag.real(); break;
         case 60: look.invisible = tag.integer() != 0; break;
@@ -117,10 +117,10 @@ Look Looks::of(const Record& entity, const Look* block)
     if (stored == kWeightByLayer) look.weight = look.layer->weight;
     else if (stored == kWeightByBlock && block != nullptr) look.weight = block->weight;
     else look.weight = weight(stored);
-    if (drawing::sameName(lineType, "ByLayer")) look.dashes = look.layer->dashes;
-    else if (drawing::sameName(lineType, "ByBlock"))
+    if (drawing::sameName(typeName, "ByLayer")) look.dashes = look.layer->dashes;
+    else if (drawing::sameName(typeName, "ByBlock"))
         look.dashes = block != nullptr ? block->dashes : nullptr;
-    else look.dashes = dashes(lineType);
+    else look.dashes = lineType(typeName);
     look.dashScale *= dashScale_;
     return look;
 }

@@ -45,13 +45,14 @@ public:
     Look of(const drawing::Record& entity, const Look* block);
     /// What a colour number means for an entity of that look: 0 its block's, 256 its layer's.
     Colour colour(int number, const Look& look, const Look* block) const;
+    /// Of a line type by name; null: continuous.
+    const std::vector<double>* lineType(std::string_view name);
     Background background() const { return background_; }
     /// From now on these layers, too, are frozen.
     void freeze(std::vector<drawing::Index> layers) { frozenHere_ = std::move(layers); }
 
 private:
     const Layer& layer(std::string_view name);
-    const std::vector<double>* dashes(std::string_view lineType);
     int weight(std::int64_t stored) const;
 
     const drawing::Drawing& drawing_;

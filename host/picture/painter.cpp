@@ -101,13 +101,12 @@ void Painter::entity(Index index, const Place& place)
     case Kind::trace: return solid(record, look, place);
     case Kind::face3d: return face(record, look, place);
     case Kind::hatch: return hatch(record, look, place);
+    case Kind::mline: return mline(record, look, place);
+    case Kind::tolerance: return tolerance(record, look, place);
     case Kind::text: return text(record, look, place);
     case Kind::mtext: return mtext(record, look, place);
-    case Kind::attdef:
-        // In an insert its place is taken by the insert's own attribute, unless it is constant.
-        if (place.block == nullptr || (record.tags.integer(70) & 2) != 0) text(record, look, place);
-        return;
-    case Kind::dimension: return blockOfName(record.tags.text(2), look, place);
+    case Kind::attdef: return attributeDefinition(record, look, place);
+    case Kind::dimension: return dimension(record, look, place);
     default: return other(record, look, place);
     }
 }
@@ -117,8 +116,13 @@ void Painter::other(const Record& record, const Look& look, const Place& place)
 {
     using Draw = void (Painter::*)(const Record&, const Look&, const Place&);
     static constexpr std::pair<std::string_view, Draw> kDraws[] = {
+        {"ACAD_TABLE", &Painter::table},
+        {"ARC_DIMENSION", &Painter::dimension},
         {"HELIX", &Painter::spline},
         {"IMAGE", &Painter::image},
+        {"LARGE_RADIAL_DIMENSION", &Painter::dimension},
+        {"MESH", &Painter::net},
+        {"MULTILEADER", &Painter::multiLeader},
         {"WIPEOUT", &Painter::image},
     };
     const std::string_view type = record.typeName();
@@ -154,11 +158,28 @@ void Painter::insert(Index index, const Look& look, const Place& place)
     }
 }
 
-// Dimensions carry their picture as a block in the coordinates of their own space.
-void Painter::blockOfName(std::string_view name, const Look& look, const Place& place)
+void Painter::attributeDefinition(const Record& record, const Look& look, const Place& place)
 {
-    const Index inner = drawing_.findRecord(drawing::TableId::blockRecord, name);
-    if (inner != drawing::kNone) block(inner, {place.map, &look});
+    constexpr std::int64_t kConstant = 2;
+    if (place.attributes != nullptr) {
+        const auto found = place.attributes->find(record.handle);
+        if (found != place.attributes->end()) return text(record, look, place, &found->second);
+    }
+    // In an insert its place is taken by the insert's own attribute, unless it is constant.
+    if (place.block == nullptr || (record.tags.integer(70) & kConstant) != 0)
+        text(record, look, place);
+}
+
+void Painter::table(const Record& record, const Look& look, const Place& place)
+{
+    const drawing::TagList& tags = record.tags;
+    const Index inner = drawing_.findRecord(drawing::TableId::blockRecord, tags.text(2));
+    if (inner == drawing::kNone) return;
+    drawing::InsertView insert;
+    insert.insert = tags.point(10);
+    const drawing::Point along = tags.point(11, {1.0, 0.0, 0.0});
+    insert.rotation = std::atan2(along.y, along.x);
+    block(inner, {place.map.after(insert.transform(drawing::blockBase(drawing_, inner))), &look});
 }
 
 void Painter::overlay(const std::vector<OverlaySegment>& segments)

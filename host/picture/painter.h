@@ -12,6 +12,7 @@
 #include "view.h"
 
 #include <map>
+#include <string>
 #include <vector>
 
 namespace orvald::picture {
@@ -29,11 +30,15 @@ public:
     void overlay(const std::vector<OverlaySegment>& segments);
 
 private:
+    friend class DimPainter; // one dimension without a block
+
     /// Where the entities of a block stand and who shows them.
     struct Place
     {
         drawing::Transform map;      // to the coordinates of the canvas
         const Look* block = nullptr; // look of the insert; null in a space
+        // Texts of attributes, UTF-8, by their definitions in the block; null: they do not show.
+        const std::map<drawing::Handle, std::string>* attributes = nullptr;
     };
     /// From the entity coordinates of a plane entity to those of the canvas.
     static Affine planeOf(const drawing::Transform& map, drawing::Point normal, double elevation);
@@ -44,7 +49,9 @@ private:
     void entity(drawing::Index index, const Place& place);
     void insert(drawing::Index index, const Look& look, const Place& place);
     void other(const drawing::Record& record, const Look& look, const Place& place);
-    void blockOfName(std::string_view name, const Look& look, const Place& place);
+    void attributeDefinition(const drawing::Record& record, const Look& look, const Place& place);
+    /// A table is drawn as its block.
+    void table(const drawing::Record& record, const Look& look, const Place& place);
     /// False, from then on, when the picture has got too many parts.
     bool spend(std::size_t steps);
 
@@ -64,16 +71,37 @@ private:
     void circle(const drawing::Record& record, const Look& look, const Place& place);
     void ellipse(const drawing::Record& record, const Look& look, const Place& place);
     void spline(const drawing::Record& record, const Look& look, const Place& place);
-    void leader(const drawing::Record& record, const Look& look, const Place& place);
     void points(const std::vector<drawing::Point>& points, bool closed, const Look& look,
                 const Place& place);
 
     // painter_polylines.cpp
     void polyline(drawing::Index index, const Look& look, const Place& place);
     void mesh(drawing::Index index, const Look& look, const Place& place);
+    /// MESH: the net that its smooth surface is made from.
+    void net(const drawing::Record& record, const Look& look, const Place& place);
     /// Adds the area of a segment whose width goes evenly from its start to its end, its left edge
     /// first.
     void addWideSegment(const Affine& plane, const drawing::PolylineVertex& from, Vec to);
+
+    // painter_leaders.cpp
+    void leader(const drawing::Record& record, const Look& look, const Place& place);
+    void multiLeader(const drawing::Record& record, const Look& look, const Place& place);
+    /// An arrow head in the shape of a block record, the filled one when there is none of that
+    /// handle; `along` runs from its tip into the line.
+    void arrow(drawing::Point tip, drawing::Point along, double size, drawing::Handle blockRecord,
+               const Look& look, const Place& place);
+    /// The bends of a leader, or points of the curve through them.
+    std::vector<drawing::Point> throughBends(const std::vector<drawing::Point>& bends, bool curved,
+                                             const Place& place) const;
+
+    // painter_dimensions.cpp
+    void dimension(const drawing::Record& record, const Look& look, const Place& place);
+
+    // painter_tolerances.cpp
+    void tolerance(const drawing::Record& record, const Look& look, const Place& place);
+
+    // painter_mlines.cpp
+    void mline(const drawing::Record& record, const Look& look, const Place& place);
 
     // painter_areas.cpp
     void solid(const drawing::Record& record, const Look& look, const Place& place);
@@ -91,8 +119,18 @@ private:
     void image(const drawing::Record& record, const Look& look, const Place& place);
 
     // painter_text.cpp
-    void text(const drawing::Record& record, const Look& look, const Place& place);
+    /// An area behind a text.
+    struct TextGround
+    {
+        double border = 0.0; // in heights of letters
+        Colour colour;
+    };
+    /// `instead` stands for the name that the definition of an attribute shows.
+    void text(const drawing::Record& record, const Look& look, const Place& place,
+              const std::string* instead = nullptr);
     void mtext(const drawing::Record& record, const Look& look, const Place& place);
+    void paragraph(const drawing::MTextView& view, const Look& look, const Place& place,
+                   const TextGround* ground = nullptr);
     void letters(const std::vector<Lettering>& pieces, const Affine& toCanvas, const Look& look,
                  const Look* block);
 

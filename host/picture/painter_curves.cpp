@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <optional>
 
 namespace orvald::picture {
 
@@ -19,26 +18,6 @@ using drawing::Record;
 namespace {
 
 constexpr double kFullTurn = 2.0 * std::numbers::pi;
-
-// A value of a dimension style as the entity overrides it: pairs of group code and value in its
-// extended data.
-std::optional<double> overridden(const Record& record, int code)
-{
-    if (record.extras() == nullptr) return {};
-    bool inStyle = false, isValue = false, wanted = false;
-    for (const drawing::Tag tag : record.extras()->xdata) {
-        if (!inStyle) {
-            inStyle = tag.code() == 1000 && tag.text() == "DSTYLE";
-        } else if (tag.code() == 1002) {
-            if (tag.text() == "}") return {};
-        } else {
-            if (isValue && wanted) return tag.real();
-            wanted = !isValue && tag.integer() == code;
-            isValue = !isValue;
-        }
-    }
-    return {};
-}
 
 // An arc of a whole turn ends where it begins, whatever rounding says.
 void arcInto(Path& path, const Arc& arc)
@@ -187,43 +166,6 @@ void Painter::points(const std::vector<Point>& points, bool closed, const Look& 
 void Painter::spline(const Record& record, const Look& look, const Place& place)
 {
     points(splinePoints(drawing::splineView(record), scaleOf(place.map)), false, look, place);
-}
-
-void Painter::leader(const Record& record, const Look& look, const Place& place)
-{
-    std::vector<Point> bends;
-    for (const drawing::Tag tag : record.tags)
-        if (tag.code() == 10) bends.push_back(tag.point());
-    if (bends.size() < 2) return;
-    double size = 2.5, overall = 1.0;
-    const drawing::Index style =
-        drawing_.findRecord(drawing::TableId::dimstyle, record.tags.text(3, "Standard"));
-    if (style != drawing::kNone) {
-        size = drawing_.at(style).tags.real(41, size);
-        overall = drawing_.at(style).tags.real(40, overall);
-    }
-    size = overridden(record, 41).value_or(size);
-    overall = overridden(record, 40).value_or(overall);
-    size *= overall > 0.0 ? overall : 1.0; // 0: by the scale of a view port, which no page has
-    const Point along = bends[1] - bends[0];
-    const double first = length(along);
-    // An arrow needs twice its length, as in the host.
-    const bool arrow = record.tags.integer(71, 1) != 0 && size > 0.0 && first >= 2.0 * size;
-    std::vector<Point> curve = bends;
-    if (record.tags.integer(72) == 1) {
-        drawing::SplineView spline;
-        spline.fits = bends;
-        curve = splinePoints(spline, scaleOf(place.map));
-    }
-    points(curve, false, look, place);
-    if (!arrow) return;
-    const Point unit = 1.0 / first * along, side{-unit.y, unit.x, 0.0};
-    path_.clear();
-    path_.moveTo(flat(place.map(bends[0])));
-    path_.lineTo(flat(place.map(bends[0] + size * unit + size / 6.0 * side)));
-    path_.lineTo(flat(place.map(bends[0] + size * unit + -size / 6.0 * side)));
-    path_.close();
-    fill(path_, look, FillRule::nonZero);
 }
 
 } // namespace orvald::picture

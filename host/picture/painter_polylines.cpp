@@ -164,4 +164,38 @@ void Painter::mesh(Index index, const Look& look, const Place& place)
     stroke(path_, unbroken, 0.0);
 }
 
+void Painter::net(const drawing::Record& record, const Look& look, const Place& place)
+{
+    // Counts stand in front of lists: of faces, each its number of corners and their vertices, and
+    // of edges, which the faces have as well.
+    constexpr int kFaces = 93, kEdges = 94, kItem = 90;
+    std::vector<Vec> at;
+    std::vector<std::size_t> face;
+    std::int64_t expected = 0;
+    bool inFaces = false;
+    path_.clear();
+    for (const drawing::Tag tag : record.tags) {
+        if (tag.code() == 10) at.push_back(flat(place.map(tag.point())));
+        else if (tag.code() == kFaces) inFaces = true;
+        else if (tag.code() == kEdges) inFaces = false;
+        else if (tag.code() == kItem && inFaces) {
+            if (expected <= 0) {
+                expected = tag.integer();
+                face.clear();
+                continue;
+            }
+            if (const auto corner = tag.integer(); corner >= 0 && std::size_t(corner) < at.size())
+                face.push_back(std::size_t(corner));
+            if (--expected > 0 || face.size() < 2) continue;
+            if (!spend(face.size())) return;
+            path_.moveTo(at[face[0]]);
+            for (std::size_t i = 1; i < face.size(); ++i) path_.lineTo(at[face[i]]);
+            path_.close();
+        }
+    }
+    Look unbroken = look;
+    unbroken.dashes = nullptr;
+    stroke(path_, unbroken, 0.0);
+}
+
 } // namespace orvald::picture

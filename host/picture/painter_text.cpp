@@ -20,7 +20,9 @@ constexpr double kLeastHeight = 1.5;
 // Letters are written with a pen of this part of their height, as stencils ask, or with that of
 // their line weight when it is wider; but no bolder than can be read. Pixels: the finest pen.
 constexpr double kPen = 0.08, kBoldest = 0.13, kFinestPen = 0.6;
+constexpr double kBoldPen = 0.13;  // as kPen, of bold letters
 constexpr double kSteepest = 1.48; // radians of lean
+constexpr double kItalic = 0.25;   // of the height, lean of italic letters
 
 enum Horizontal
 {
@@ -41,14 +43,15 @@ Affine turned(double angle, Vec origin)
 
 } // namespace
 
-void Painter::text(const Record& record, const Look& look, const Place& place)
+void Painter::text(const Record& record, const Look& look, const Place& place,
+                   const std::string* instead)
 {
     drawing::TextView view = drawing::textView(record);
     if (view.invisible || !(view.height > 0.0)) return;
     // The definition of an attribute shows its name.
     const bool constant = (record.tags.integer(70) & 2) != 0;
     if (record.kind() == drawing::Kind::attdef && !constant)
-        view.text = drawing::text8(record.tags.text(2));
+        view.text = instead != nullptr ? *instead : drawing::text8(record.tags.text(2));
 
     LetterLook letterLook;
     letterLook.height = view.height;
@@ -92,7 +95,24 @@ void Painter::text(const Record& record, const Look& look, const Place& place)
 
 void Painter::mtext(const Record& record, const Look& look, const Place& place)
 {
-    const drawing::MTextView view = drawing::mtextView(record);
+    constexpr int kFilled = 1, kFilledAsPage = 2; // of group 90
+    const auto background = record.tags.integer(90);
+    if ((background & (kFilled | kFilledAsPage)) == 0)
+        return paragraph(drawing::mtextView(record), look, place);
+    TextGround ground;
+    ground.border = record.tags.real(45, 1.5) - 1.0;
+    ground.colour = backgroundColour(looks_.background());
+    if ((background & kFilledAsPage) == 0) {
+        ground.colour = numberedColour(int(record.tags.integer(63, 7) & 511), looks_.background());
+        const auto rgb = record.tags.integer(421, -1);
+        if (rgb >= 0) ground.colour = trueColour(rgb);
+    }
+    paragraph(drawing::mtextView(record), look, place, &ground);
+}
+
+void Painter::paragraph(const drawing::MTextView& view, const Look& look, const Place& place,
+                        const TextGround* ground)
+{
     if (!(view.height > 0.0)) return;
     LetterLook letterLook;
     letterLook.height = view.height;
@@ -112,18 +132,10 @@ void Painter::mtext(const Record& record, const Look& look, const Place& place)
                       flat(place.map(view.insert))};
     const Affine toCanvas = axes.after(turned(view.rotation, {}));
 
-    constexpr int kFilled = 1, kFilledAsPage = 2; // of group 90
-    const auto background = record.tags.integer(90);
-    if ((background & (kFilled | kFilledAsPage)) != 0) {
-        const double border = (record.tags.real(45, 1.5) - 1.0) * view.height;
+    if (ground != nullptr) {
+        const double border = ground->border * view.height;
         Look area = look;
-        area.colour = backgroundColour(looks_.background());
-        if ((background & kFilledAsPage) == 0) {
-            area.colour =
-                numberedColour(int(record.tags.integer(63, 7) & 511), looks_.background());
-            const auto rgb = record.tags.integer(421, -1);
-            if (rgb >= 0) area.colour = trueColour(rgb);
-        }
+        area.colour = ground->colour;
         path_.clear();
         path_.moveTo(toCanvas({block.left - border, block.bottom - border}));
         path_.lineTo(toCanvas({block.right + border, block.bottom - border}));
@@ -144,7 +156,9 @@ void Painter::letters(const std::vector<Lettering>& pieces, const Affine& toCanv
         const double across = form.unit(), up = form.height / kCapHeight;
         if (!(across > 0.0) || !(up > 0.0)) continue; // too small for numbers
         const Affine toPlace =
-            toCanvas.after({{across, 0.0}, {std::tan(form.oblique) * up, up}, {piece.x, piece.y}});
+            toCanvas.after({{across, 0.0},
+                            {std::tan(form.oblique) * up + (form.italic ? kItalic * up : 0.0), up},
+                            {piece.x, piece.y}});
         const double width = widthOf(piece) / across;
         path_.clear();
         const auto bar = [&](double y) {
@@ -171,8 +185,9 @@ void Painter::letters(const std::vector<Lettering>& pieces, const Affine& toCanv
         Colour colour = look.colour;
         if (form.colour) colour = looks_.colour(*form.colour, look, block);
         if (form.trueColour) colour = trueColour(*form.trueColour);
-        const double pen = std::min(std::max(penWidth(look), kPen * pixels),
-                                    std::max(kBoldest * pixels, kFinestPen));
+        const double pen =
+            std::min(std::max(penWidth(look), (form.bold ? kBoldPen : kPen) * pixels),
+                     std::max(kBoldest * pixels, kFinestPen));
         canvas_.stroke(path_, {colour, look.layer->name}, {pen, Ends::round, nullptr});
     }
 }

@@ -108,11 +108,17 @@ TEST(Hostile, NoValueOfAnyGroupDoesHarm)
                           Kind::ellipse, Kind::lwpolyline, Kind::polyline, Kind::spline,
                           Kind::text,    Kind::mtext,      Kind::attdef,   Kind::insert,
                           Kind::solid,   Kind::trace,      Kind::face3d,   Kind::hatch,
-                          Kind::leader,  Kind::dimension,  Kind::ray,      Kind::xline};
+                          Kind::leader,  Kind::dimension,  Kind::ray,      Kind::xline,
+                          Kind::mline,   Kind::tolerance,  Kind::viewport};
+    const char* named[] = {"MULTILEADER", "WIPEOUT", "IMAGE", "ACAD_TABLE", "MESH", "HELIX"};
     const double reals[] = {0.0,  -0.0,  1.0,     -1.0,       1e-300, -1e-300, 1e300,  -1e300,
                             1e99, 1e150, 3.14159, 1e7 + 1e-3, 360.0,  1e20,    5e-324, 1.7e308};
     const char* texts[] = {"",
                            "{\\H0;x",
+                           "\\pi1e300,l-9,t1,1,1e-9,qj;\t\t\\A9;x",
+                           "CONTEXT_DATA{",
+                           "LEADER{",
+                           "LEADER_LINE{",
                            "\\S^;\\S/",
                            "%%",
                            "%%999",
@@ -120,9 +126,10 @@ TEST(Hostile, NoValueOfAnyGroupDoesHarm)
                            "\xED\xA0\x80",
                            "ein langer Text mit vielen W\xC3\xB6rtern",
                            "B"};
-    constexpr int kCodes[] = {1,  2,  3,  7,  10, 11, 12, 13, 38, 39, 40, 41,  42,  43,  44,
-                              45, 46, 48, 49, 50, 51, 52, 53, 62, 70, 71, 72,  73,  74,  75,
-                              76, 78, 79, 90, 91, 92, 93, 94, 95, 96, 97, 210, 370, 420, 440};
+    constexpr int kCodes[] = {1,  2,  3,   7,   10,  11,  12,  13,  38,  39,  40,  41, 42,
+                              43, 44, 45,  46,  48,  49,  50,  51,  52,  53,  62,  70, 71,
+                              72, 73, 74,  75,  76,  78,  79,  90,  91,  92,  93,  94, 95,
+                              96, 97, 140, 210, 290, 296, 300, 302, 304, 370, 420, 440};
     std::mt19937 engine(7);
     const auto pick = [&](const auto& list) { return list[engine() % std::size(list)]; };
     const auto groups = [&] {
@@ -153,6 +160,7 @@ TEST(Hostile, NoValueOfAnyGroupDoesHarm)
             if (kind == Kind::polyline)
                 for (int v = 0; v < 5; ++v) sheet.addTo(index, Kind::vertex, groups());
         }
+        for (const char* type : named) sheet.addNamed(type, groups(), groups());
         Options options = small();
         options.height = round % 2 == 0 ? 120 : 0;
         if (round % 5 == 0)

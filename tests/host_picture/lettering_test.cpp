@@ -134,9 +134,10 @@ TEST(Paragraphs, FormatCodes)
         {"\\La\\lb\\Oc\\od\\Ke\\k", "_a|b|^c|d|-e"},
         {"x{\\Ly{\\Oz}w}v", "x|_y|_^z|_w|v"},
         {"\\\\ \\{\\}\\~t", "\\ |{}<160>t"},
-        {"\\fArial|b1|i0;x\\FTxt;y\\A1;z", "xyz"},
+        {"\\fArial|b1|i0;x\\FTxt;y\\A1;z", "x|y|z"},
+        {"{\\Fgdt;jm}j", "<8982><9410>|j"},
         {"45%%d \\Slow", "45<176> |low"},
-        {"\\S1/2; \\S+1^-1;\\S1#2;", "_1|2| |+1|-1|1/2"},
+        {"\\S1/2; \\S+1^-1;\\S1#2;", "_1|2| |+1|-1|/|1|2"},
         {"\\S1/23;", "1|^23"},
         {"unknown \\y}} {{{", "unknown |y "}, // what is left open or closed too often harms nothing
         {"\\H", ""},
@@ -182,6 +183,74 @@ TEST(Paragraphs, LinesBreakAtBlanksAndStayWithinTheWidth)
         EXPECT_EQ(out.right - out.left, width);
     }
     EXPECT_EQ(laid(mtext(text, 0.0)).pieces.back().y, -10.0) << "no width: one line";
+}
+
+TEST(Paragraphs, IndentsStopsAndSidesOfParagraphs)
+{
+    // Lengths in codes count in heights of the text, which is 10 here.
+    const std::vector<Lettering> hanging =
+        laid(mtext("\\pi-3,l4,t8,12;1.\tHang Hang\\Pb\tc", 125.0)).pieces;
+    ASSERT_EQ(hanging.size(), 5u);
+    const double expected[] = {10.0, 80.0, 40.0, 10.0, 80.0};
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_NEAR(hanging[i].x, expected[i], 1e-9) << i;
+    // From here on right, two heights off the border; then as at first, with stops every four.
+    const Paragraphs sides = laid(mtext("\\pqr,r2;abc\\P\\pi0,l0,r0,ql,t*;d\te", 200.0));
+    ASSERT_EQ(sides.pieces.size(), 3u);
+    EXPECT_NEAR(sides.pieces[0].x + widthOf(sides.pieces[0]), 180.0, 1e-9);
+    EXPECT_EQ(sides.pieces[1].x, 0.0);
+    EXPECT_NEAR(sides.pieces[2].x, 40.0, 1e-9);
+}
+
+TEST(Paragraphs, JustifiedLinesReachBothBordersButTheLast)
+{
+    const Paragraphs out =
+        laid(mtext("\\pqj;Alle Kanten gut entgraten und alle Flaechen fein reinigen", 150.0));
+    std::map<double, std::pair<double, double>, std::greater<>> lines; // by height: from, to
+    for (const Lettering& piece : out.pieces) {
+        std::u32string drawn = piece.text;
+        while (!drawn.empty() && drawn.back() == U' ') drawn.pop_back();
+        const double end = piece.x + widthOf({drawn, piece.look, 0.0, 0.0});
+        const auto [line, isNew] = lines.try_emplace(piece.y, piece.x, end);
+        line->second.second = std::max(line->second.second, end);
+    }
+    ASSERT_GE(lines.size(), 3u);
+    std::size_t number = 0;
+    for (const auto& [y, reach] : lines) {
+        EXPECT_NEAR(reach.first, 0.0, 1e-9);
+        if (++number < lines.size()) {
+            EXPECT_NEAR(reach.second, 150.0, 1e-9) << number;
+        } else {
+            EXPECT_LT(reach.second, 149.0);
+        }
+    }
+}
+
+TEST(Paragraphs, FractionsStandHangOrAreCentredAsAsked)
+{
+    // Box of a fraction of half height beside letters from 0 to 10.
+    const auto box = [](const char* text) {
+        const Paragraphs out = laid(mtext(text));
+        const Lettering &upper = out.pieces[1], &lower = out.pieces[2];
+        return std::pair(lower.y - out.bottom, upper.y + upper.look.height - out.bottom);
+    };
+    const auto [low, top] = box("x{\\H.5x;\\S1/2;}");
+    EXPECT_EQ(low, 0.0);
+    EXPECT_GT(top, 11.0);
+    const auto [lowCentred, topCentred] = box("\\A1;x{\\H.5x;\\S1/2;}");
+    EXPECT_NEAR(lowCentred + topCentred, 10.0, 1e-9);
+    EXPECT_NEAR(topCentred - lowCentred, top - low, 1e-9);
+    EXPECT_NEAR(box("\\A2;x{\\H.5x;\\S1/2;}").second, 10.0, 1e-9);
+}
+
+TEST(Paragraphs, LinesAreSetOffByWhatStandsOnThemUnlessExact)
+{
+    drawing::MTextView view = mtext("a\\P{\\H3x;b}\\Pc");
+    EXPECT_NEAR(laid(view).pieces[1].y, -10.0 - 50.0, 1e-9);
+    view.exactSpacing = true;
+    view.lineSpacing = 1.5;
+    const Paragraphs exact = laid(view);
+    EXPECT_NEAR(exact.pieces[1].y, -10.0 - 25.0, 1e-9);
+    EXPECT_NEAR(exact.pieces[2].y, -10.0 - 50.0, 1e-9);
 }
 
 TEST(Paragraphs, AttachmentPlacesTheBlock)

@@ -63,7 +63,8 @@ struct MTextView
     std::string text; // UTF-8 with format codes
     Point insert;     // world
     double height = 0.0, width = 0.0, rotation = 0.0, lineSpacing = 1.0;
-    int attachment = 1; // 1 top left ... 9 bottom right
+    int attachment = 1;        // 1 top left ... 9 bottom right
+    bool exactSpacing = false; // lines are set off by the text's height, whatever stands on them
     std::string_view style;
     Point normal{0.0, 0.0, 1.0};
 };
