@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// osnap: the point of an object that a user would have snapped to. In the user's plane; curves at
-// the top of the drawing and points of inserts and texts count, the inside of blocks does not.
+// The point of an object that a user would have snapped to. In the user's plane; curves at the top
+// of the drawing and points of inserts and texts count, the inside of blocks does not.
 #include "coordinate_systems.h"
 #include "document.h"
 #include "drawing/curve.h"
 #include "drawing_functions.h"
 #include "entity_list.h"
+#include "osnap.h"
 #include "screen_picking.h"
 #include "text/letters.h"
 
@@ -24,7 +25,7 @@ using lisp::Args;
 using lisp::Value;
 using lisp::World;
 
-enum Mode : unsigned
+enum Mode : SnapModes
 {
     kEnd = 1,
     kMiddle = 2,
@@ -40,31 +41,12 @@ enum Mode : unsigned
 struct ModeName
 {
     std::u16string_view start; // of the word, three letters
-    unsigned mode;
+    SnapModes mode;
 };
 constexpr ModeName kModes[] = {
     {u"END", kEnd},       {u"MID", kMiddle},        {u"CEN", kCentre},
     {u"NOD", kNode},      {u"QUA", kQuadrant},      {u"INT", kIntersection},
     {u"INS", kInsertion}, {u"PER", kPerpendicular}, {u"NEA", kNearest}};
-
-/// "_end,_mid": the modes named; nothing when a word is none.
-std::optional<unsigned> readModes(std::u16string_view text)
-{
-    const std::u16string upper = text::upperText(text);
-    unsigned modes = 0;
-    for (std::size_t at = 0; at <= upper.size();) {
-        const std::size_t comma = std::min(upper.find(u',', at), upper.size());
-        std::u16string_view word = std::u16string_view(upper).substr(at, comma - at);
-        while (word.starts_with(u'_') || word.starts_with(u' ')) word.remove_prefix(1);
-        unsigned known = word.starts_with(u"QUI") || word.starts_with(u"NON") ? ~0u : 0u;
-        for (const ModeName& one : kModes)
-            if (word.starts_with(one.start)) known = one.mode;
-        if (known == 0) return std::nullopt;
-        if (known != ~0u) modes |= known; // "quick" and "none" name no point
-        at = comma + 1;
-    }
-    return modes;
-}
 
 /// The candidates of one call, of which the nearest to the place wins.
 class Snapping
@@ -84,7 +66,7 @@ public:
         if (std::hypot(candidate.x - place_.x, candidate.y - place_.y) <= reach_) offer(candidate);
     }
 
-    void curve(const Curve& curve, unsigned modes)
+    void curve(const Curve& curve, SnapModes modes)
     {
         for (const CurvePiece& piece : curve.pieces()) this->piece(piece, modes);
         if ((modes & kNearest) != 0) offer(curve.nearest(place_, false));
@@ -115,7 +97,7 @@ public:
     Point best() const { return best_; }
 
 private:
-    void piece(const CurvePiece& piece, unsigned modes)
+    void piece(const CurvePiece& piece, SnapModes modes)
     {
         const bool hasEnds = !std::isinf(piece.from) && !std::isinf(piece.to);
         if (hasEnds && (modes & kEnd) != 0) {
@@ -146,14 +128,40 @@ private:
 // (osnap point modes) -> point or nil
 Value osnap(World& world, Args args)
 {
-    const std::optional<unsigned> modes = readModes(args.string(1));
+    const std::optional<SnapModes> modes = readSnapModes(args.string(1));
     if (!modes) return Value::nil();
-    Document& document = Document::of(world);
+    const Args::Point place = args.point(0);
+    const auto point = snapped(Document::of(world), {place.x, place.y, place.z}, *modes);
+    return point ? pointValue(world, *point) : Value::nil();
+}
+
+constexpr lisp::Builtin kTable[] = {{"osnap", osnap, 2, 2}};
+
+} // namespace
+
+std::optional<SnapModes> readSnapModes(std::u16string_view text)
+{
+    const std::u16string upper = text::upperText(text);
+    SnapModes modes = 0;
+    for (std::size_t at = 0; at <= upper.size();) {
+        const std::size_t comma = std::min(upper.find(u',', at), upper.size());
+        std::u16string_view word = std::u16string_view(upper).substr(at, comma - at);
+        while (word.starts_with(u'_') || word.starts_with(u' ')) word.remove_prefix(1);
+        SnapModes known = word.starts_with(u"QUI") || word.starts_with(u"NON") ? ~0u : 0u;
+        for (const ModeName& one : kModes)
+            if (word.starts_with(one.start)) known = one.mode;
+        if (known == 0) return std::nullopt;
+        if (known != ~0u) modes |= known; // "quick" and "none" name no point
+        at = comma + 1;
+    }
+    return modes;
+}
+
+std::optional<Point> snapped(Document& document, Point user, SnapModes modes)
+{
     const drawing::Drawing& drawing = document.drawing();
     const SystemVariables& variables = document.variables();
     const double reach = std::max(1, variables.integer(u"APERTURE")) * pixelSize(document);
-    const Args::Point given = args.point(0);
-    const Point user{given.x, given.y, given.z};
     const Point corners[] = {user - Point{reach, reach, 0.0}, user + Point{reach, reach, 0.0}};
     const drawing::Transform toWorld = userToWorld(drawing);
     Snapping snapping(toWorld(user), toWorld(variables.point(u"LASTPOINT")), reach);
@@ -164,24 +172,20 @@ Value osnap(World& world, Args args)
         const drawing::Kind kind = record.kind();
         const bool placed = kind == drawing::Kind::insert || kind == drawing::Kind::text ||
                             kind == drawing::Kind::mtext;
-        const bool node = kind == drawing::Kind::point && (*modes & kNode) != 0;
-        if ((placed && (*modes & kInsertion) != 0) || node)
+        const bool node = kind == drawing::Kind::point && (modes & kNode) != 0;
+        if ((placed && (modes & kInsertion) != 0) || node)
             snapping.offer(entityToWorld(record)(record.tags.point(10)));
         if (auto curve = Curve::of(drawing, drawing.indexOf(id))) {
-            snapping.curve(*curve, *modes);
+            snapping.curve(*curve, modes);
             curves.push_back(*std::move(curve));
         }
     }
-    if ((*modes & kIntersection) != 0)
+    if ((modes & kIntersection) != 0)
         for (std::size_t i = 0; i < curves.size(); ++i)
             for (std::size_t j = 0; j < i; ++j) snapping.crossing(curves[i], curves[j]);
-    if (!snapping.found()) return Value::nil();
-    return pointValue(world, inverseRigid(toWorld)(snapping.best()));
+    if (!snapping.found()) return std::nullopt;
+    return inverseRigid(toWorld)(snapping.best());
 }
-
-constexpr lisp::Builtin kTable[] = {{"osnap", osnap, 2, 2}};
-
-} // namespace
 
 std::span<const lisp::Builtin> osnapFunctions() { return kTable; }
 

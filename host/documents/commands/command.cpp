@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace orvald {
 
@@ -77,12 +78,26 @@ void Command::print(std::u16string_view line)
     document_.world().host().print(std::u16string(line) + u"\n");
 }
 
+bool Command::takesSnapWord(const Token& token)
+{
+    if (token.kind != Token::Kind::text || token.isEnter()) return false;
+    const std::optional<SnapModes> modes = readSnapModes(token.text);
+    if (modes) snap_ = modes;
+    return modes.has_value();
+}
+
 std::optional<Point> Command::pointOf(const Token& token)
 {
-    if (token.kind == Token::Kind::text) return pointFrom(document_, token.text, std::nullopt);
-    if (token.kind != Token::Kind::point) return std::nullopt;
-    document_.variables().setPoint(u"LASTPOINT", *token.point);
-    return token.point;
+    std::optional<Point> point = token.point;
+    if (token.kind == Token::Kind::text) point = pointFrom(document_, token.text, std::nullopt);
+    else if (token.kind != Token::Kind::point) return std::nullopt;
+    if (!point) return std::nullopt;
+    if (const SnapModes modes = std::exchange(snap_, std::nullopt).value_or(0); modes != 0) {
+        point = snapped(document_, *point, modes);
+        if (!point) return std::nullopt;
+    }
+    document_.variables().setPoint(u"LASTPOINT", *point);
+    return point;
 }
 
 std::optional<double> Command::numberOf(const Token& token)
@@ -119,7 +134,11 @@ bool Command::setText(std::u16string_view variable, std::u16string_view value)
     return document_.variables().set(variable, node) == SystemVariables::Answer::done;
 }
 
-Taken PointWait::takeValue(const Token& token) { return take(command_.pointOf(token)); }
+Taken PointWait::takeValue(const Token& token)
+{
+    if (command_.takesSnapWord(token)) return Taken::more;
+    return take(command_.pointOf(token));
+}
 
 Taken NumberWait::takeValue(const Token& token) { return take(command_.numberOf(token)); }
 
@@ -132,6 +151,7 @@ Taken IntegerWait::takeValue(const Token& token)
 Taken DistanceWait::takeValue(const Token& token)
 {
     if (const auto number = command_.numberOf(token)) return take(number);
+    if (command_.takesSnapWord(token)) return Taken::more;
     const std::optional<Point> point = command_.pointOf(token);
     if (!point) return Taken::refused;
     if (base_) return take(std::optional(length(*point - *base_)));
@@ -145,6 +165,7 @@ Taken AngleWait::takeValue(const Token& token)
     if (const auto angle = command_.angleOf(token)) {
         return take(std::optional(direction_ ? *angle + units.angleBase : *angle));
     }
+    if (command_.takesSnapWord(token)) return Taken::more;
     const std::optional<Point> point = command_.pointOf(token);
     if (!point) return Taken::refused;
     if (base_) {
@@ -155,7 +176,11 @@ Taken AngleWait::takeValue(const Token& token)
     return Taken::more;
 }
 
-Taken EntityWait::takeValue(const Token& token) { return take(pickedBy(command_, token)); }
+Taken EntityWait::takeValue(const Token& token)
+{
+    if (command_.takesSnapWord(token)) return Taken::more;
+    return take(pickedBy(command_, token));
+}
 
 Taken TextWait::take(const Token& token)
 {

@@ -11,6 +11,7 @@
 #include "commands/token.h"
 #include "drawing/drawing.h"
 #include "input_rules.h"
+#include "osnap.h"
 
 #include <cstdint>
 #include <optional>
@@ -293,6 +294,8 @@ public:
     void setCrossing(std::vector<drawing::Point> corners) { crossing_ = std::move(corners); }
 
     // -- what a token means; nothing when it is no such thing
+    /// True for a word that has the next point snapped, such as "_END" or "_NON".
+    bool takesSnapWord(const Token& token);
     std::optional<drawing::Point> pointOf(const Token& token);
     std::optional<double> numberOf(const Token& token);
     std::optional<double> angleOf(const Token& token);
@@ -317,6 +320,7 @@ private:
     std::u16string_view name_;
     Wait* waiting_ = nullptr;
     std::vector<drawing::Point> crossing_;
+    std::optional<SnapModes> snap_; // for the next point
 };
 
 inline void Wait::await_suspend(std::coroutine_handle<> waiting) noexcept

@@ -5,6 +5,7 @@
 #include "commands/selecting.h"
 #include "commands/verbs.h"
 #include "document.h"
+#include "drawing/text.h"
 #include "drawing/transform.h"
 
 #include <algorithm>
@@ -148,7 +149,7 @@ double leftOf(const FlatCurve& curve, Point place)
 // OFFSET distance|Through, then object and point in turn, up to Enter
 Task<> offsetObjects(Command& command)
 {
-    bool through = false, erases = false;
+    bool through = false, erases = false, onCurrentLayer = false;
     double size = command.document().variables().real(u"OFFSETDIST");
     for (;;) {
         const Answer<double> distance = co_await command.distance(
@@ -160,8 +161,9 @@ Task<> offsetObjects(Command& command)
             continue;
         }
         if (distance.is(u"Layer")) {
-            co_await command.option(u"Enter layer option for offset objects [Current/Source]: ",
-                                    u"Current Source");
+            const Answer<NoValue> layer = co_await command.option(
+                u"Enter layer option for offset objects [Current/Source]: ", u"Current Source");
+            onCurrentLayer = layer.is(u"Current");
             continue;
         }
         if (distance) size = *distance;
@@ -181,8 +183,15 @@ Task<> offsetObjects(Command& command)
         if (!curve) command.refuse(u"objects of this kind are not offset in this host");
         const double left = leftOf(*curve, *side);
         const auto made = offset(*curve, through ? left : std::copysign(size, left));
-        if (!made) command.refuse(u"nothing lies at this distance");
-        makeLike(command, picked->entity, *made);
+        if (!made) {
+            command.print(u"Nothing lies at this distance.");
+            continue;
+        }
+        const drawing::Index parallel = makeLike(command, picked->entity, *made);
+        if (onCurrentLayer && parallel != drawing::kNone) {
+            const auto layer = command.drawing().header.text("$CLAYER", "0");
+            changeOf(command, parallel).text(8, drawing::text16(layer)).apply(command);
+        }
         if (erases) command.drawing().setErased(picked->entity, true);
     }
 }

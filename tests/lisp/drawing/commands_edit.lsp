@@ -35,7 +35,8 @@
 ; a notch that the distance fills is gone, a bump is wider
 (progn (clear) (setq p (poly nil '((0 0) (10 0) (10 -1) (11 -1) (11 0) (20 0)))) (command "_.OFFSET" 3 p '(5 5) "") (mapcar 'cadr (all (entlast) 10))) ; => (3.0 3.0 3.0)
 (progn (clear) (setq p (poly nil '((0 0) (10 0) (10 1) (11 1) (11 0) (20 0)))) (command "_.OFFSET" 3 p '(5 5) "") (near (all (entlast) 10) '((0.0 3.0) (7.0 3.0) (7.0 4.0) (14.0 4.0) (14.0 3.0) (20.0 3.0)))) ; => T
-(progn (clear) (command "_.CIRCLE" '(0 0) 5) (setq c (entlast)) (command "_.OFFSET" 6 c '(0 1)))  ; ! Function cancelled
+(progn (clear) (command "_.CIRCLE" '(0 0) 5) (setq c (entlast)) (command "_.OFFSET" 6 c '(0 1) c '(9 9) "") (list (kinds) (get (entlast) 40)))  ; => (("CIRCLE" "CIRCLE") 11.0)
+(progn (clear) (command "_.-LAYER" "_M" "OTHER" "") (entmake '((0 . "LINE") (8 . "0") (10 0.0 0.0 0.0) (11 9.0 0.0 0.0))) (setq a (entlast)) (command "_.OFFSET" "_L" "_C" 1 a '(0 5) "") (setq b (entlast)) (command "_.OFFSET" "" a '(0 -5) "") (setvar "CLAYER" "0") (list (get b 8) (get (entlast) 8))) ; => ("OTHER" "0")
 
 ; -- FILLET: the sides that were picked stay; radius 0 makes a corner
 (progn (command) (clear) (setq a (line '(0.0 0.0 0.0) '(9.0 0.0 0.0)) b (line '(4.0 1.0 0.0) '(4.0 8.0 0.0))) (command "_.FILLET" "_R" 0 (list a '(1 0 0)) (list b '(4 5 0))) (list (ends a) (ends b) (kinds))) ; => (((0.0 0.0 0.0) (4.0 0.0 0.0)) ((4.0 0.0 0.0) (4.0 8.0 0.0)) ("LINE" "LINE"))

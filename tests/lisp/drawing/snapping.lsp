@@ -19,6 +19,13 @@
 (osnap '(50.2 50.3) "_ins") ; => (50.0 50.0 0.0)
 (list (osnap '(0.0 30.0) "_nea") (osnap '(1.0 0.0) "_cen") (osnap '(1.0 0.0) "_int") (osnap '(3.0 0.0) "wrong")) ; => (nil nil nil nil)
 
+; -- a word before a point of a command: the point is snapped; "none" takes it as it is
+(defun drawn () (mapcar '(lambda (c) (cdr (assoc c (entget (entlast))))) '(10 11)))
+(progn (command "_.LINE" "_END" '(0.3 0.2) "_non" "0.3,0.2" "") (drawn)) ; => ((0.0 0.0 0.0) (0.3 0.2 0.0))
+(progn (command "_.CIRCLE" "_CEN" '(15.1 3.0) "_mid" '(4.0 0.1)) (equal (cdr (assoc 40 (entget (entlast)))) (distance '(10 3) '(5 0)) 1e-9)) ; => T
+(progn (entdel (entlast)) (command "_.ERASE" (entlast) "") (command "_.LINE" "0,40" "_NEA" '(0.0 80.0))) ; ! Function cancelled
+(command "_.CIRCLE" "9,9" "_NOSUCH") ; ! Function cancelled
+
 ; -- properties by name
 (mapcar '(lambda (n) (getpropertyvalue ring n)) '("Radius" "Center" "center/Y" "Color" "Linetype" "Layer")) ; => (5.0 (10.0 3.0 0.0) 3.0 256 "ByLayer" "0")
 (near (list (getpropertyvalue line "Length") (getpropertyvalue ring "AREA")) (list 10.0 (* 25 pi))) ; => T
