@@ -28,13 +28,14 @@ double turnDegrees(double radians)
     return toDegrees(turns < 0.0 ? turns + kTurn : turns);
 }
 
-/// The groups with the first of a code replaced, or with a new one at the end; a value that stays
-/// to the last bit leaves them alone.
+/// The groups with the first of a code replaced; a value that stays to the last bit leaves them
+/// alone. A new one goes to the end of the section that has the first point: all that is put here
+/// belongs there, while an arc and a text have a further section.
 void put(TagList& tags, const TagList& group)
 {
     const Tag fresh = *group.begin();
     const TagList::Iterator at = tags.find(fresh.code());
-    if (at == tags.end()) tags.add(fresh);
+    if (at == tags.end()) tags.insert(tags.find(100, tags.find(10)), group);
     else if (!(*at == fresh)) tags.replace(at, group);
 }
 void putReal(TagList& tags, int code, double value)

@@ -7,8 +7,10 @@
 #include "drawing/clone.h"
 #include "drawing/text.h"
 #include "drawing/transform.h"
+#include "drawing/views.h"
 
 #include <cmath>
+#include <utility>
 
 namespace orvald {
 namespace {
@@ -22,18 +24,77 @@ std::u16string counted(std::size_t count, std::u16string_view what)
     return drawing::text16(std::to_string(count)) + u" " + std::u16string(what);
 }
 
-/// Maps the objects by a map of user coordinates, and says which do not take it.
-void mapAll(Command& command, const std::vector<Index>& objects, const Transform& map)
+/// Maps the objects by `map(drawing, object, world)`, where `world` is the map of user coordinates
+/// as one of world coordinates, and says which do not take it.
+template <class Map>
+void mapAll(Command& command, const std::vector<Index>& objects, const Transform& user, Map&& map)
 {
-    const Transform world = UserPlane(command.drawing()).worldMap(map);
+    const Transform world = UserPlane(command.drawing()).worldMap(user);
     std::size_t left = 0;
     for (const Index object : objects) {
-        if (transformEntity(command.drawing(), object, world) != drawing::Transformed::done) ++left;
+        if (map(command.drawing(), object, world) != drawing::Transformed::done) ++left;
     }
     if (left != 0) {
         command.print(std::u16string(command.name()) + u": " +
                       counted(left, u"objects do not take this change and stay as they are."));
     }
+}
+
+void mapAll(Command& command, const std::vector<Index>& objects, const Transform& user)
+{
+    mapAll(command, objects, user, drawing::transformEntity);
+}
+
+bool isLettering(drawing::Kind kind)
+{
+    return kind == drawing::Kind::text || kind == drawing::Kind::attrib ||
+           kind == drawing::Kind::attdef || kind == drawing::Kind::mtext;
+}
+
+/// The reflection that makes the mirror image of a text readable in its place: about the middle of
+/// the room that it fills, along its line or across, whichever turns it less.
+Transform turnedBack(const drawing::Record& text, const Transform& mirror)
+{
+    drawing::TextFrame frame;
+    if (text.kind() == drawing::Kind::mtext) {
+        frame = mtextFrame(mtextView(text));
+    } else {
+        const drawing::TextView view = textView(text);
+        frame = textFrame(view);
+        for (Point& corner : frame) corner = drawing::entityToWorld(view.normal)(corner);
+    }
+    const Point along = frame[1] - frame[0], image = mirror.direction(along);
+    constexpr double kSquare = 1e-9; // of a text's length; square to its line, it turns to the left
+    Point across = dot(image, along) < -kSquare * dot(along, along)
+                       ? image
+                       : mirror.direction(frame[3] - frame[0]);
+    if (!(length(across) > 0.0)) return {}; // fills no room
+    across = 1.0 / length(across) * across;
+    const Point middle = mirror(0.5 * (frame[0] + frame[2]));
+    Transform back;
+    back.x = back.x - 2.0 * across.x * across;
+    back.y = back.y - 2.0 * across.y * across;
+    back.z = back.z - 2.0 * across.z * across;
+    back.origin = 2.0 * dot(middle, across) * across;
+    return back;
+}
+
+/// Mirrors an object, but for its texts, which are moved to where their images stand (MIRRTEXT 0).
+drawing::Transformed mirrorReadably(drawing::Drawing& drawing, Index object, const Transform& map)
+{
+    if (isLettering(drawing.at(object).kind()))
+        return transformEntity(drawing, object, turnedBack(drawing.at(object), map).after(map));
+    std::vector<std::pair<Index, Transform>> attributes;
+    for (Index part = drawing.firstChild(object); part != drawing::kNone;
+         part = drawing.next(part)) {
+        if (isLettering(drawing.at(part).kind()))
+            attributes.emplace_back(part, turnedBack(drawing.at(part), map));
+    }
+    const drawing::Transformed done = transformEntity(drawing, object, map);
+    if (done == drawing::Transformed::done) {
+        for (const auto& [part, back] : attributes) transformEntity(drawing, part, back);
+    }
+    return done;
 }
 
 /// Copies of the objects, in the same space and order.
@@ -216,7 +277,9 @@ Task<> mirror(Command& command)
     Transform map;
     map.x = {(x * x - y * y) / square, 2.0 * x * y / square, 0.0};
     map.y = {map.x.y, -map.x.x, 0.0};
-    mapAll(command, objects, about(*a, map));
+    const bool mirrorsTexts = command.document().variables().integer(u"MIRRTEXT") != 0;
+    mapAll(command, objects, about(*a, map),
+           mirrorsTexts ? drawing::transformEntity : mirrorReadably);
 }
 
 constexpr Verb kTable[] = {

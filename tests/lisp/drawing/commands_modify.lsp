@@ -32,6 +32,15 @@
 (progn (command "_.SCALE" a "" '(1 0) "_R" 3 1) (near (ends a) '((0.0 0.0 0.0) (1.0 0.0 0.0)))) ; => T
 (command "_.SCALE" a "" '(1 0) 0)                         ; ! Function cancelled
 (progn (command "_.MIRROR" a "" '(0 0) '(1 1) "_Y") (list (count) (near (ends a) '((0.0 0.0 0.0) (0.0 1.0 0.0))))) ; => (6 T)
+; texts stay readable where their images stand, with MIRRTEXT they turn backward; an "a" of 2.0 is 1.4 wide
+(defun text (x y) (entmake (list '(0 . "TEXT") (list 10 x y 0.0) '(40 . 2.0) '(1 . "a"))) (entlast))
+(defun mirrored (e p q / l) (command "_.MIRROR" e "" p q "_Y") (setq l (mapcar '(lambda (c) (cdr (assoc c (entget e)))) '(10 50 71))) (entdel e) l)
+(near (mirrored (text 1.0 0.0) '(5 0) '(5 1)) '((7.6 0.0 0.0) 0.0 0)) ; => T
+(near (mirrored (text 1.0 0.0) '(0 5) '(1 5)) '((1.0 8.0 0.0) 0.0 0)) ; => T
+(near (mirrored (text 1.0 0.0) '(0 0) '(1 1)) (list '(2.0 1.0 0.0) (/ pi 2) 0)) ; => T
+(progn (setvar "MIRRTEXT" 1) (near (mirrored (text 1.0 0.0) '(5 0) '(5 1)) '((9.0 0.0 0.0) 0.0 2))) ; => T
+(length (vl-remove-if-not '(lambda (g) (= 71 (car g))) (progn (setq e (text 1.0 0.0)) (command "_.MIRROR" e "" '(5 0) '(5 1) "_Y") (entget e)))) ; => 1
+(progn (entdel e) (setvar "MIRRTEXT" 0))
 (progn (command "_.MIRROR" a "" '(5 0) '(5 1) "_N") (list (count) (near (ends (entlast)) '((10.0 0.0 0.0) (10.0 1.0 0.0))))) ; => (7 T)
 
 ; -- erasing; what stands on a locked layer stays as it is
