@@ -23,7 +23,11 @@ struct Ink
 struct Dashes
 {
     std::vector<double> lengths; // an even number, or none
-    double offset = 0.0;         // where in the pattern a run begins
+    double offset = 0.0;         // where in the lengths a run begins
+    // The pattern itself, which the lengths may hold more than once: where along a run it begins,
+    // how long it is, and where in it each of its elements ends.
+    double origin = 0.0, period = 0.0;
+    std::vector<double> ends;
 };
 
 enum class Ends

@@ -36,19 +36,15 @@ Looks::Looks(const drawing::Drawing& drawing, Background background)
 
 int Looks::weight(std::int64_t stored) const { return stored >= 0 ? held(stored) : kDefaultWeight; }
 
-const std::vector<double>* Looks::lineType(std::string_view name)
+const LineType* Looks::lineType(std::string_view name)
 {
     auto found = lineTypes_.find(name);
     if (found == lineTypes_.end()) {
-        std::vector<double> lengths;
         const drawing::Index index = drawing_.findRecord(drawing::TableId::ltype, name);
-        if (index != drawing::kNone) {
-            for (const Tag tag : drawing_.at(index).tags)
-                if (tag.code() == 49) lengths.push_back(tag.real());
-        }
-        found = lineTypes_.emplace(name, std::move(lengths)).first;
+        LineType type = index != drawing::kNone ? readLineType(drawing_, index) : LineType{};
+        found = lineTypes_.emplace(name, std::move(type)).first;
     }
-    return found->second.empty() ? nullptr : &found->second;
+    return found->second.lengths.empty() ? nullptr : &found->second;
 }
 
 const Layer& Looks::layer(std::string_view name)
@@ -68,7 +64,7 @@ const Layer& Looks::layer(std::string_view name)
             const auto rgb = record.tags.integer(420, -1);
             if (rgb >= 0) layer.colour = trueColour(rgb);
             layer.weight = weight(record.tags.integer(370, -3));
-            layer.dashes = lineType(record.tags.text(6));
+            layer.lineType = lineType(record.tags.text(6));
             layer.off = number < 0;
             layer.frozen = (record.tags.integer(70) & 1) != 0;
         }
@@ -117,10 +113,10 @@ Look Looks::of(const Record& entity, const Look* block)
     if (stored == kWeightByLayer) look.weight = look.layer->weight;
     else if (stored == kWeightByBlock && block != nullptr) look.weight = block->weight;
     else look.weight = weight(stored);
-    if (drawing::sameName(typeName, "ByLayer")) look.dashes = look.layer->dashes;
+    if (drawing::sameName(typeName, "ByLayer")) look.lineType = look.layer->lineType;
     else if (drawing::sameName(typeName, "ByBlock"))
-        look.dashes = block != nullptr ? block->dashes : nullptr;
-    else look.dashes = lineType(typeName);
+        look.lineType = block != nullptr ? block->lineType : nullptr;
+    else look.lineType = lineType(typeName);
     look.dashScale *= dashScale_;
     return look;
 }

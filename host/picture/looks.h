@@ -4,6 +4,7 @@
 
 #include "colour.h"
 #include "drawing/drawing.h"
+#include "line_types.h"
 
 #include <map>
 #include <memory>
@@ -17,8 +18,8 @@ struct Layer
 {
     std::string_view name; // file form
     Colour colour;
-    int weight = 0;                              // hundredths of a millimetre
-    const std::vector<double>* dashes = nullptr; // as of a line type; null: continuous
+    int weight = 0;                     // hundredths of a millimetre
+    const LineType* lineType = nullptr; // null: continuous
     bool off = false, frozen = false;
     drawing::Index record = drawing::kNone;
 };
@@ -26,12 +27,12 @@ struct Layer
 struct Look
 {
     Colour colour;
-    const Layer* layer = nullptr;                // never null once it is resolved
-    int weight = 0;                              // hundredths of a millimetre
-    const std::vector<double>* dashes = nullptr; // drawn lengths positive, gaps negative, 0 a dot
-    double dashScale = 1.0;                      // with the drawing's own scale of line types
-    bool invisible = false;                      // the entity itself says so
-    bool frozen = false;                         // its layer is, everywhere or here
+    const Layer* layer = nullptr;       // never null once it is resolved
+    int weight = 0;                     // hundredths of a millimetre
+    const LineType* lineType = nullptr; // null: continuous
+    double dashScale = 1.0;             // with the drawing's own scale of line types
+    bool invisible = false;             // the entity itself says so
+    bool frozen = false;                // its layer is, everywhere or here
 
     bool hidden() const { return invisible || frozen || layer->off; }
 };
@@ -46,7 +47,7 @@ public:
     /// What a colour number means for an entity of that look: 0 its block's, 256 its layer's.
     Colour colour(int number, const Look& look, const Look* block) const;
     /// Of a line type by name; null: continuous.
-    const std::vector<double>* lineType(std::string_view name);
+    const LineType* lineType(std::string_view name);
     Background background() const { return background_; }
     /// From now on these layers, too, are frozen.
     void freeze(std::vector<drawing::Index> layers) { frozenHere_ = std::move(layers); }
@@ -61,7 +62,7 @@ private:
     std::vector<drawing::Index> frozenHere_;
     // By the name as entities spell it. Nodes of a map stay where they are.
     std::map<std::string, Layer, std::less<>> layers_;
-    std::map<std::string, std::vector<double>, std::less<>> lineTypes_;
+    std::map<std::string, LineType, std::less<>> lineTypes_;
     const Layer* lastLayer_ = nullptr; // most entities share the layer of the one before
     std::string lastName_;
 };

@@ -18,9 +18,11 @@ using drawing::Transform;
 
 namespace {
 
-constexpr double kThinnest = 1.0;         // pixels
-constexpr std::size_t kMostNesting = 100; // inserts in inserts
-constexpr double kLengthTolerance = 0.1;  // pixels, of the chords that a length is measured by
+constexpr double kThinnest = 1.0;           // pixels
+constexpr double kDot = 1.5;                // length of a dot in a line, in widths of the pen
+constexpr std::size_t kMostNesting = 100;   // inserts in inserts
+constexpr std::size_t kMostMarks = 100'000; // of one line's texts and signs
+constexpr double kLengthTolerance = 0.1;    // pixels, of the chords that a length is measured by
 
 } // namespace
 
@@ -186,14 +188,14 @@ void Painter::overlay(const std::vector<OverlaySegment>& segments)
 {
     Place place;
     if (view_ != nullptr) place.map = view_->map;
-    static const std::vector<double> kDashed{6.0, -4.0}; // pixels
+    static const LineType kDashed{{6.0, -4.0}, {}}; // pixels
     static const Layer kNoLayer{};
     for (const OverlaySegment& segment : segments) {
         if (!spend(1)) return;
         Look look;
         look.layer = &kNoLayer;
         look.colour = numberedColour(segment.colour, looks_.background());
-        if (segment.dashed) look.dashes = &kDashed;
+        if (segment.dashed) look.lineType = &kDashed;
         path_.clear();
         path_.moveTo(flat(place.map({segment.from[0], segment.from[1], segment.from[2]})));
         path_.lineTo(flat(place.map({segment.to[0], segment.to[1], segment.to[2]})));
@@ -231,19 +233,59 @@ void Painter::strokeWide(const Path& path, const Look& look, double scale, doubl
 void Painter::strokeWith(const Path& path, const Look& look, double scale, Pen pen)
 {
     if (path.empty() || !path.isDrawable() || !(pen.width < Path::kFar)) return;
-    if (view_ != nullptr && look.dashes != nullptr) {
+    const LineType* type = view_ != nullptr ? look.lineType : nullptr;
+    const double unit = scale * look.dashScale * lineTypeFactor_; // pixels of one of the pattern's
+    std::size_t count = 0;
+    Fit fit = Fit::none;
+    if (type != nullptr) {
         double size = 0.0;
-        const std::size_t count = flatten(path, kLengthTolerance, runs_);
+        count = flatten(path, kLengthTolerance, runs_);
         for (std::size_t r = 0; r < count; ++r) {
             const std::vector<Vec>& points = runs_[r].points;
             for (std::size_t i = 0; i + (runs_[r].closed ? 0 : 1) < points.size(); ++i)
                 size += length(points[(i + 1) % points.size()] - points[i]);
         }
-        if (fitDashes(*look.dashes, scale * look.dashScale * lineTypeFactor_, size, pen.width,
-                      dashes_))
-            pen.dashes = &dashes_;
+        const bool hasEnds = count == 1 && !runs_[0].closed;
+        fit = fitDashes(type->lengths, unit, size, hasEnds, kDot * pen.width, dashes_);
+        if (fit == Fit::dashed) pen.dashes = &dashes_;
     }
     canvas_.stroke(path, {look.colour, look.layer->name}, pen);
+    if (fit != Fit::none && !type->marks.empty()) lineMarks(*type, unit, count, look);
+}
+
+// Texts and signs along the first runs of runs_, in the pattern as dashes_ was fitted.
+void Painter::lineMarks(const LineType& type, double unit, std::size_t runs, const Look& look)
+{
+    std::vector<MarkPlace> places;
+    for (std::size_t r = 0; r < runs; ++r) {
+        places.clear();
+        if (!markPlaces(runs_[r], dashes_, type, view_->page(), std::min(stepsLeft_, kMostMarks),
+                        places))
+            summary_.complete = false;
+        for (const MarkPlace& place : places) {
+            if (!spend(1)) return;
+            const LineMark& mark = *place.mark;
+            // The page's y runs downwards.
+            const Vec along = unit * place.along, left{along.y, -along.x};
+            const Affine line{along, left, place.at};
+            const double turn = mark.upright ? mark.turn + std::atan2(along.y, along.x) : mark.turn;
+            const double c = std::cos(turn), s = std::sin(turn);
+            const Affine upon = line.after({{c, s}, {-s, c}, {mark.x, mark.y}});
+            if (mark.sign != nullptr) {
+                path_.clear();
+                path_.addMapped(*mark.sign, upon.after({{mark.scale, 0.0}, {0.0, mark.scale}, {}}));
+                if (!path_.isDrawable()) continue;
+                canvas_.stroke(path_, {look.colour, look.layer->name},
+                               {penWidth(look), Ends::round, nullptr});
+                continue;
+            }
+            LetterLook letterLook;
+            letterLook.height = mark.height;
+            letterLook.widthFactor = mark.widthFactor;
+            letterLook.oblique = std::clamp(mark.oblique, -1.4, 1.4);
+            letters(singleLine(mark.text, letterLook), upon, look, nullptr);
+        }
+    }
 }
 
 void Painter::fill(const Path& path, const Look& look, FillRule rule)

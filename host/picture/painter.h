@@ -62,6 +62,7 @@ private:
     void stroke(const Path& path, const Look& look, double scale);
     void strokeWide(const Path& path, const Look& look, double scale, double width);
     void strokeWith(const Path& path, const Look& look, double scale, Pen pen);
+    void lineMarks(const LineType& type, double unit, std::size_t runs, const Look& look);
     void fill(const Path& path, const Look& look, FillRule rule);
 
     // painter_curves.cpp

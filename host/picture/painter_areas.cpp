@@ -113,7 +113,7 @@ void Painter::face(const Record& record, const Look& look, const Place& place)
         path_.lineTo(flat(place.map(to)));
     }
     Look unbroken = look;
-    unbroken.dashes = nullptr;
+    unbroken.lineType = nullptr;
     stroke(path_, unbroken, 0.0);
 }
 
@@ -160,7 +160,7 @@ void Painter::hatch(const Record& record, const Look& look, const Place& place)
         path_.lineTo(plane(segment.to));
     }
     Look unbroken = look;
-    unbroken.dashes = nullptr;
+    unbroken.lineType = nullptr;
     stroke(path_, unbroken, scale);
 }
 

@@ -126,7 +126,7 @@ void Painter::point(const Record& record, const Look& look, const Place& place)
         path_.close();
     }
     Look unbroken = look;
-    unbroken.dashes = nullptr;
+    unbroken.lineType = nullptr;
     stroke(path_, unbroken, 0.0);
 }
 

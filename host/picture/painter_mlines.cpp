@@ -124,7 +124,7 @@ void Painter::mline(const Record& record, const Look& look, const Place& place)
                 own.colour = numberedColour(element.colour, looks_.background());
             if (!drawing::sameName(element.lineType, "ByLayer") &&
                 !drawing::sameName(element.lineType, "ByBlock"))
-                own.dashes = looks_.lineType(element.lineType);
+                own.lineType = looks_.lineType(element.lineType);
         }
         return own;
     };

@@ -48,7 +48,7 @@ void Painter::polyline(Index index, const Look& look, const Place& place)
     };
     constexpr int kThroughCorners = 128; // of flags: a line type runs on round the corners
     const bool runsOn = (drawing_.at(index).tags.integer(70) & kThroughCorners) != 0;
-    const bool whole = look.dashes == nullptr || runsOn || wide;
+    const bool whole = look.lineType == nullptr || runsOn || wide;
     local_.clear();
     for (std::size_t i = 0; i < segments; ++i) {
         if (i == 0 || !whole) {
@@ -160,7 +160,7 @@ void Painter::mesh(Index index, const Look& look, const Place& place)
         }
     }
     Look unbroken = look;
-    unbroken.dashes = nullptr;
+    unbroken.lineType = nullptr;
     stroke(path_, unbroken, 0.0);
 }
 
@@ -194,7 +194,7 @@ void Painter::net(const drawing::Record& record, const Look& look, const Place& 
         }
     }
     Look unbroken = look;
-    unbroken.dashes = nullptr;
+    unbroken.lineType = nullptr;
     stroke(path_, unbroken, 0.0);
 }
 

@@ -187,7 +187,7 @@ void Painter::image(const Record& record, const Look& look, const Place& place)
             flat(place.map(origin + (corner.x + 0.5) * right + (size.y - corner.y - 0.5) * up));
     polygonInto(path_, corners);
     Look thin = look;
-    thin.dashes = nullptr;
+    thin.lineType = nullptr;
     if (covers) {
         thin.colour = backgroundColour(looks_.background());
         fill(path_, thin, FillRule::evenOdd);

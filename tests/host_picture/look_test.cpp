@@ -152,5 +152,49 @@ TEST(Looks, LineTypesLeaveTheirGaps)
     EXPECT_EQ(std::max(drawn(29), drawn(30)), 200);
 }
 
+TEST(Looks, LineTypesMayHoldTextsAndSigns)
+{
+    Sheet sheet;
+    Drawing& drawing = sheet.drawing();
+    drawing::Record font(Kind::style, drawing::Family::tableRecord);
+    for (const Group& group : Groups{{2, ""}, {70, 1}, {40, 0.0}, {3, "ltypeshp.shx"}})
+        addGroup(font.tags, group);
+    const Index signs = drawing.add(std::move(font));
+    const Index letters = drawing.findRecord(drawing::TableId::style, "Standard");
+    ASSERT_TRUE(drawing.appendRecord(drawing::TableId::style, signs));
+    const auto lineType = [&](const char* name, const Groups& mark, Index style) {
+        drawing::Record type(Kind::ltype, drawing::Family::tableRecord);
+        for (const Group& g : Groups{{2, name}, {70, 0}, {73, 3}, {49, 30.0}, {74, 0}, {49, -10.0}})
+            addGroup(type.tags, g);
+        addGroup(type.tags, mark[0]);
+        addGroup(type.tags, {75, 132}); // a box of two scales each way
+        type.tags.addHandle(340, drawing.at(style).handle);
+        for (const Group& g : Groups{{46, 10.0}, {50, 0.0}, {44, -10.0}, {45, 0.0}})
+            addGroup(type.tags, g);
+        if (mark.size() > 1) addGroup(type.tags, mark[1]);
+        for (const Group& g : Groups{{49, -10.0}, {74, 0}}) addGroup(type.tags, g);
+        EXPECT_TRUE(drawing.appendRecord(drawing::TableId::ltype, drawing.add(std::move(type))));
+    };
+    lineType("KASTEN", {{74, 4}}, signs);
+    lineType("WORT", {{74, 2}, {9, "H"}}, letters);
+    const auto inked = [&](const char* name, int column) {
+        Sheet& s = sheet;
+        const Index line = s.line({0, 50, 0}, {130, 50, 0}, {{6, name}});
+        const Picture picture(s, 130, 100);
+        s.drawing().setErased(line, true);
+        int count = 0;
+        for (int y = 0; y < 100; ++y) count += picture.at(column, y) != kWhite ? 1 : 0;
+        return count;
+    };
+    // Two patterns of 50 in 130: ends of 30, so the gaps lie from 30 to 50 and from 80 to 100.
+    EXPECT_EQ(inked("KASTEN", 15), 1);
+    EXPECT_EQ(inked("KASTEN", 40), 2) << "through the box, whose sides lie ten above and below";
+    EXPECT_GE(inked("KASTEN", 50), 20) << "its right side";
+    EXPECT_EQ(inked("KASTEN", 60), 1);
+    EXPECT_GE(inked("WORT", 30) + inked("WORT", 31), 10) << "the stem of the letter";
+    EXPECT_LE(inked("WORT", 33), 2);
+    EXPECT_EQ(inked("WORT", 45), 0);
+}
+
 } // namespace
 } // namespace orvald::picture

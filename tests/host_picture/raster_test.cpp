@@ -125,25 +125,6 @@ TEST(Stroke, CornersAreClosedOnTheOuterSide)
     }
 }
 
-TEST(Dashes, WholePatternsFillTheLineFromTheMiddleOfADash)
-{
-    Dashes dashes;
-    for (const double length : {40.0, 99.0, 100.0, 101.0, 1234.5}) {
-        ASSERT_TRUE(fitDashes({5.0, -2.0, 0.0, -2.0}, 2.0, length, 1.0, dashes));
-        const double period = std::accumulate(dashes.lengths.begin(), dashes.lengths.end(), 0.0);
-        const double repeats = length / period;
-        EXPECT_NEAR(repeats, std::round(repeats), 1e-9) << length;
-        EXPECT_EQ(dashes.offset, dashes.lengths[0] / 2.0);
-    }
-    ASSERT_TRUE(fitDashes({-2.0, 5.0}, 1.0, 70.0, 1.0, dashes)) << "a gap in front moves behind";
-    EXPECT_EQ(dashes.lengths, (std::vector<double>{5.0, 2.0}));
-    ASSERT_TRUE(fitDashes({3.0, -2.0, 2.0}, 1.0, 70.0, 1.0, dashes));
-    EXPECT_EQ(dashes.lengths, (std::vector<double>{5.0, 2.0}));
-    for (const std::vector<double>& none : {std::vector<double>{}, {5.0}, {-5.0}, {0.5, -0.5}})
-        EXPECT_FALSE(fitDashes(none, 1.0, 100.0, 0.5, dashes));
-    EXPECT_FALSE(fitDashes({50.0, -30.0}, 1.0, 39.0, 1.0, dashes)) << "longer than the line";
-}
-
 double drawnLength(const std::vector<Chords>& runs, std::size_t count)
 {
     double sum = 0.0;
@@ -153,9 +134,88 @@ double drawnLength(const std::vector<Chords>& runs, std::size_t count)
     return sum;
 }
 
+// The drawn pieces of a level line from x = 0.
+std::vector<std::pair<double, double>> drawnPieces(const Dashes& dashes, double length)
+{
+    const Chords line{{{0.0, 1.0}, {length, 1.0}}, false};
+    std::vector<Chords> out;
+    const std::size_t count = cutDashes(line, dashes, {-1.0, 0.0, 1e6, 2.0, false}, out, 0);
+    std::vector<std::pair<double, double>> pieces;
+    for (std::size_t i = 0; i < count; ++i)
+        pieces.emplace_back(out[i].points.front().x, out[i].points.back().x);
+    return pieces;
+}
+
+TEST(Dashes, LinesKeepTheirPatternAndGiveTheRestToBothEnds)
+{
+    Dashes dashes;
+    const std::vector<double> pattern{6.0, -2.0, 1.0, -2.0}; // twice as large: 12 4 2 4
+    for (double length = 22.0; length < 300.0; length += 7.3) {
+        SCOPED_TRACE(length);
+        ASSERT_EQ(fitDashes(pattern, 2.0, length, true, 1.0, dashes), Fit::dashed);
+        const auto pieces = drawnPieces(dashes, length);
+        const std::size_t count = pieces.size(), patterns = std::size_t(length / 22.0);
+        ASSERT_EQ(count, 2 * patterns + 1);
+        const double end = pieces[0].second;
+        EXPECT_EQ(pieces[0].first, 0.0);
+        EXPECT_NEAR(pieces[count - 1].second, length, 1e-9);
+        EXPECT_NEAR(pieces[count - 1].first, length - end, 1e-9) << "both ends alike";
+        EXPECT_GE(end, 6.0 - 1e-9) << "half a dash at least";
+        EXPECT_LT(end, 6.0 + 11.0);
+        for (std::size_t i = 1; i + 1 < count; ++i) {
+            EXPECT_NEAR(pieces[i].second - pieces[i].first, i % 2 == 1 ? 2.0 : 12.0, 1e-9);
+            EXPECT_NEAR(pieces[i].first - pieces[i - 1].second, 4.0, 1e-9);
+        }
+        EXPECT_NEAR(dashes.origin, end - 12.0, 1e-9) << "where marks count from";
+    }
+    EXPECT_EQ(fitDashes(pattern, 2.0, 21.9, true, 1.0, dashes), Fit::none) << "too short";
+}
+
+TEST(Dashes, ClosedLinesGetWholePatternsFromTheMiddleOfADash)
+{
+    Dashes dashes;
+    for (const double length : {40.0, 99.0, 100.0, 101.0, 1234.5}) {
+        ASSERT_EQ(fitDashes({5.0, -2.0, 0.0, -2.0}, 2.0, length, false, 1.0, dashes), Fit::dashed);
+        const double period = std::accumulate(dashes.lengths.begin(), dashes.lengths.end(), 0.0);
+        const double repeats = length / period;
+        EXPECT_NEAR(repeats, std::round(repeats), 1e-9) << length;
+        EXPECT_EQ(dashes.offset, dashes.lengths[0] / 2.0);
+    }
+    ASSERT_EQ(fitDashes({-2.0, 5.0}, 1.0, 70.0, false, 1.0, dashes), Fit::dashed);
+    EXPECT_EQ(dashes.lengths, (std::vector<double>{5.0, 2.0})) << "a gap in front moves behind";
+    ASSERT_EQ(fitDashes({3.0, -2.0, 2.0}, 1.0, 70.0, false, 1.0, dashes), Fit::dashed);
+    EXPECT_EQ(dashes.lengths, (std::vector<double>{5.0, 2.0}));
+    for (const std::vector<double>& none : {std::vector<double>{}, {-5.0}, {0.5, -0.5}})
+        EXPECT_EQ(fitDashes(none, 1.0, 100.0, false, 0.5, dashes), Fit::none);
+    EXPECT_EQ(fitDashes({5.0, 3.0}, 1.0, 100.0, true, 1.0, dashes), Fit::unbroken);
+}
+
+TEST(Dashes, MarksStandWhereTheirElementEnds)
+{
+    LineType type{{6.0, -2.0, -2.0}, {}};
+    type.marks.emplace_back().element = 1;
+    Dashes dashes;
+    ASSERT_EQ(fitDashes(type.lengths, 1.0, 47.0, true, 1.0, dashes), Fit::dashed);
+    const Chords bent{{{0.0, 10.0}, {27.0, 10.0}, {27.0, 30.0}}, false};
+    const Bounds page{0.0, 0.0, 100.0, 100.0, false};
+    std::vector<MarkPlace> places;
+    ASSERT_TRUE(markPlaces(bent, dashes, type, page, 100, places));
+    ASSERT_EQ(places.size(), 4u);
+    // Ends of 6.5: gaps of 4 begin at 6.5, 16.5 ...; each mark is in the middle of one.
+    EXPECT_NEAR(places[0].at.x, 8.5, 1e-9);
+    EXPECT_NEAR(places[1].at.x, 18.5, 1e-9);
+    EXPECT_NEAR(places[2].at.y, 10.0 + 28.5 - 27.0, 1e-9);
+    EXPECT_EQ(places[3].along, (Vec{0.0, 1.0}));
+    places.clear();
+    EXPECT_FALSE(markPlaces(bent, dashes, type, page, 2, places));
+    EXPECT_LE(places.size(), 2u);
+}
+
 TEST(Dashes, CutsTheDrawnShareAndOnlyWhatThePageShows)
 {
-    const Dashes dashes{{6.0, 4.0}, 3.0};
+    Dashes dashes;
+    dashes.lengths = {6.0, 4.0};
+    dashes.offset = 3.0;
     const Bounds page{0.0, 0.0, 1000.0, 1000.0, false};
     std::vector<Chords> out;
     const Chords bent{{{100, 100}, {400, 100}, {400, 500}}, false};
