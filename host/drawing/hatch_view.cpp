@@ -121,6 +121,12 @@ private:
     {
         HatchLine* line = view_.lines.empty() ? nullptr : &view_.lines.back();
         switch (tag.code()) {
+        case 450: isGradient_ = tag.integer() != 0; break;
+        case 460: view_.gradient.angle = tag.real(); break; // radians in files as well
+        case 421: view_.gradient.colours.push_back(tag.integer()); break;
+        case 470:
+            if (isGradient_) view_.gradient.shape = tag.text();
+            break;
         case 52: view_.angle = toRadians(tag.real()); break;
         case 41: view_.scale = tag.real(); break;
         case 53: view_.lines.emplace_back().angle = toRadians(tag.real()); break;
@@ -144,6 +150,7 @@ private:
     }
 
     HatchView& view_;
+    bool isGradient_ = false;
     bool inTail_ = false, inEdge_ = false, counterClockwise_ = true;
 };
 

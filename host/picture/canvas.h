@@ -8,15 +8,26 @@
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvald::picture {
+
+/// Colours along a line, or around a point `from` up to a point `to` of the outer circle. Beyond
+/// its ends the last colours go on.
+struct Gradient
+{
+    bool radial = false;
+    Vec from, to;
+    std::vector<std::pair<double, Colour>> stops; // shares 0 to 1, rising
+};
 
 /// Colour and origin of a shape.
 struct Ink
 {
     Colour colour;
-    std::string_view layer; // file form; valid during the call
+    std::string_view layer;             // file form; valid during the call
+    const Gradient* gradient = nullptr; // of an area, instead of the colour
 };
 
 /// Lengths along a line, in turn drawn and left out, repeated; all lengths 0: no dashes.

@@ -20,11 +20,22 @@ constexpr int kDefaultWeight = 25; // hundredths of a millimetre
 
 int held(std::int64_t value) { return int(std::clamp<std::int64_t>(value, -1000, 1000)); }
 
-// The value of group 440: only one made with this head is an opacity of the entity's own.
-std::uint8_t opacityOf(std::int64_t stored)
+// The values of group 440: an opacity behind this head, the block's, or else the layer's.
+constexpr std::int64_t kOwnOpacity = 0x02000000, kOpacityByBlock = 0x01000000;
+
+std::uint8_t opacityIn(std::int64_t stored) { return static_cast<std::uint8_t>(stored & 255); }
+
+// Layers keep theirs in extended data.
+std::uint8_t layerOpacity(const Record& layer)
 {
-    constexpr std::int64_t kOwn = 0x02000000;
-    return (stored & kOwn) != 0 ? static_cast<std::uint8_t>(stored & 255) : std::uint8_t{255};
+    if (layer.extras() == nullptr) return 255;
+    bool inData = false;
+    for (const Tag tag : layer.extras()->xdata) {
+        if (tag.code() == 1001) inData = tag.text() == "AcCmTransparency";
+        else if (inData && tag.code() == 1071 && (tag.integer() & kOwnOpacity) != 0)
+            return opacityIn(tag.integer());
+    }
+    return 255;
 }
 
 } // namespace
@@ -63,6 +74,7 @@ const Layer& Looks::layer(std::string_view name)
             layer.colour = numberedColour(held(std::abs(number)), background_);
             const auto rgb = record.tags.integer(420, -1);
             if (rgb >= 0) layer.colour = trueColour(rgb);
+            layer.colour.opacity = layerOpacity(record);
             layer.weight = weight(record.tags.integer(370, -3));
             layer.lineType = lineType(record.tags.text(6));
             layer.off = number < 0;
@@ -109,7 +121,10 @@ Look Looks::of(const Record& entity, const Look* block)
     look.frozen = look.layer->frozen || std::find(frozenHere_.begin(), frozenHere_.end(),
                                                   look.layer->record) != frozenHere_.end();
     look.colour = rgb >= 0 ? trueColour(rgb) : colour(held(number), look, block);
-    if (opacity != 0) look.colour.opacity = opacityOf(opacity);
+    if ((opacity & kOwnOpacity) != 0) look.colour.opacity = opacityIn(opacity);
+    else if ((opacity & kOpacityByBlock) != 0)
+        look.colour.opacity = block != nullptr ? block->colour.opacity : std::uint8_t{255};
+    else look.colour.opacity = look.layer->colour.opacity;
     if (stored == kWeightByLayer) look.weight = look.layer->weight;
     else if (stored == kWeightByBlock && block != nullptr) look.weight = block->weight;
     else look.weight = weight(stored);

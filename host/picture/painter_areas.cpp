@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Filled entities: solids, faces, hatches.
+#include "gradients.h"
 #include "hatch_lines.h"
 #include "painter.h"
 #include "splines.h"
@@ -127,6 +128,18 @@ void Painter::hatch(const Record& record, const Look& look, const Place& place)
     boundaryInto(local_, view, scale);
     if (local_.empty() || !spend(local_.pieces().size())) return;
 
+    if (view_ != nullptr && !view.gradient.shape.empty() && local_.isDrawable()) {
+        const std::size_t runs = flatten(local_, kTolerance / scale, runs_);
+        Gradient gradient = gradientOf(view.gradient, {runs_.data(), runs}, look.colour);
+        const double radius = length(gradient.to - gradient.from) * scale;
+        gradient.from = plane(gradient.from);
+        gradient.to = gradient.radial ? gradient.from + Vec{radius, 0.0} : plane(gradient.to);
+        path_.clear();
+        path_.addMapped(local_, plane);
+        if (path_.isDrawable())
+            canvas_.fill(path_, {look.colour, look.layer->name, &gradient}, FillRule::evenOdd);
+        return;
+    }
     double closest = 0.0; // distance of the closest lines, pixels
     for (const drawing::HatchLine& family : view.lines) {
         const double distance = lineDistance(family) * scale;

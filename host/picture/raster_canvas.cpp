@@ -3,6 +3,7 @@
 #include "raster_canvas.h"
 
 #include "dashes.h"
+#include "gradients.h"
 #include "stroker.h"
 
 #include <algorithm>
@@ -97,14 +98,14 @@ void RasterCanvas::stroke(const Path& path, const Ink& ink, const Pen& pen)
         for (std::size_t i = 0; i < count; ++i)
             addStroke(coverage_, runs_[i], width, pen.ends, true);
     }
-    blend(ink.colour, FillRule::nonZero);
+    blend({ink.colour, {}}, FillRule::nonZero);
 }
 
 void RasterCanvas::fill(const Path& path, const Ink& ink, FillRule rule)
 {
     if (!meet(path.bounds(), page_)) return;
     addArea(path);
-    blend(ink.colour, rule);
+    blend(ink, rule);
 }
 
 void RasterCanvas::addArea(const Path& path)
@@ -138,23 +139,27 @@ void RasterCanvas::popClip()
     clips_.pop_back();
 }
 
-void RasterCanvas::blend(Colour colour, FillRule rule)
+void RasterCanvas::blend(const Ink& ink, FillRule rule)
 {
-    const double opacity = colour.opacity / 255.0;
-    const int target[3] = {colour.red, colour.green, colour.blue};
+    const double opacity = ink.colour.opacity / 255.0;
+    Colour colour = ink.colour;
     const std::uint8_t* mask = clips_.empty() ? nullptr : clips_.back().mask.data();
     coverage_.sweep(rule, [&](int y, int first, int last, double cover) {
         // In 256ths, so that a full cover replaces what was there.
         const int whole = static_cast<int>(cover * opacity * 256.0 + 0.5);
-        const std::size_t begin = std::size_t(y) * std::size_t(width_) + std::size_t(first);
-        const std::size_t end = begin + std::size_t(last - first);
-        std::uint8_t* pixel = &pixels_[begin * 3];
-        for (std::size_t at = begin; at < end; ++at, pixel += 3) {
-            const int share = mask == nullptr ? whole : (whole * mask[at] + 127) / 255;
-            for (int c = 0; c < 3; ++c) {
-                pixel[c] = static_cast<std::uint8_t>(
-                    (pixel[c] * (256 - share) + target[c] * share + 128) / 256);
-            }
+        const std::size_t row = std::size_t(y) * std::size_t(width_);
+        std::uint8_t* pixel = &pixels_[(row + std::size_t(first)) * 3];
+        for (int x = first; x < last; ++x, pixel += 3) {
+            if (ink.gradient != nullptr) colour = colourAt(*ink.gradient, {x + 0.5, y + 0.5});
+            const int share =
+                mask == nullptr ? whole : (whole * mask[row + std::size_t(x)] + 127) / 255;
+            const auto blended = [&](int below, int above) {
+                return static_cast<std::uint8_t>((below * (256 - share) + above * share + 128) /
+                                                 256);
+            };
+            pixel[0] = blended(pixel[0], colour.red);
+            pixel[1] = blended(pixel[1], colour.green);
+            pixel[2] = blended(pixel[2], colour.blue);
         }
     });
 }

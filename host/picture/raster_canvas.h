@@ -27,7 +27,7 @@ public:
     const std::vector<std::uint8_t>& pixels() const { return pixels_; }
 
 private:
-    void blend(Colour colour, FillRule rule);
+    void blend(const Ink& ink, FillRule rule);
 
     struct Clip
     {

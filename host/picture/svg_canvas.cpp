@@ -52,11 +52,12 @@ void appendThousandths(std::string& out, std::int64_t value)
     }
 }
 
-// "stroke="#ff0000" stroke-opacity=".5"", for the attribute "stroke".
+// "stroke="#ff0000" stroke-opacity=".5"", for the attribute "stroke"; of "stop" the colour has a
+// name of its own.
 void appendColour(std::string& out, std::string_view attribute, Colour colour)
 {
     constexpr char kHex[] = "0123456789abcdef";
-    (out += ' ').append(attribute) += "=\"#";
+    (out += ' ').append(attribute) += attribute == "stop" ? "-color=\"#" : "=\"#";
     for (const int part : {int(colour.red), int(colour.green), int(colour.blue)}) {
         out.push_back(kHex[part >> 4]);
         out.push_back(kHex[part & 15]);
@@ -158,12 +159,49 @@ void SvgCanvas::fill(const Path& path, const Ink& ink, FillRule rule)
     if (!meet(path.bounds(), page_)) return;
     std::string attributes;
     appendLayer(attributes, ink.layer);
-    appendColour(attributes, "fill", ink.colour);
+    if (ink.gradient != nullptr) {
+        openGroup({});
+        attributes += " fill=\"url(#" + gradient(*ink.gradient) + ")\"";
+    } else {
+        appendColour(attributes, "fill", ink.colour);
+    }
     if (rule == FillRule::evenOdd) attributes += " fill-rule=\"evenodd\"";
     openGroup(attributes);
     out_ += "<path d=\"";
     pathData(path);
     out_ += "\"/>\n";
+}
+
+std::string SvgCanvas::gradient(const Gradient& gradient)
+{
+    std::string name = "g";
+    appendInteger(name, ++gradientCount_);
+    const char* const element = gradient.radial ? "radialGradient" : "linearGradient";
+    ((out_ += '<') += element) += " id=\"" + name + "\" gradientUnits=\"userSpaceOnUse\"";
+    const auto attribute = [&](const char* key, double value) {
+        ((out_ += ' ') += key) += "=\"";
+        appendThousandths(out_, thousandths(value));
+        out_ += '"';
+    };
+    if (gradient.radial) {
+        attribute("cx", gradient.from.x);
+        attribute("cy", gradient.from.y);
+        attribute("r", length(gradient.to - gradient.from));
+    } else {
+        attribute("x1", gradient.from.x);
+        attribute("y1", gradient.from.y);
+        attribute("x2", gradient.to.x);
+        attribute("y2", gradient.to.y);
+    }
+    out_ += '>';
+    for (const auto& [share, colour] : gradient.stops) {
+        out_ += "<stop";
+        attribute("offset", share);
+        appendColour(out_, "stop", colour);
+        out_ += "/>";
+    }
+    ((out_ += "</") += element) += ">\n";
+    return name;
 }
 
 void SvgCanvas::pushClip(const Path& path)

@@ -26,6 +26,8 @@ public:
     std::string finish();
 
 private:
+    /// Writes a gradient; gives its name.
+    std::string gradient(const Gradient& gradient);
     void openGroup(const std::string& attributes);
     void pathData(const Path& path);
     void seenChords(const Path& path, double width);
@@ -36,14 +38,14 @@ private:
     void number(std::int64_t thousandths);
 
     std::string out_;
-    std::string group_;          // attributes of the group that is open; empty when none is
-    Bounds page_;                // what the clips leave of it
-    std::vector<Bounds> outer_;  // the page before each clip that is open
-    int clipCount_ = 0;          // of the whole picture
-    std::vector<Chords> runs_;   // reused
-    std::int64_t x_ = 0, y_ = 0; // current point in thousandths
-    char lastCommand_ = '\0';    // within the path
-    bool afterNumber_ = false;   // the next number needs a gap
+    std::string group_;         // attributes of the group that is open; empty when none is
+    Bounds page_;               // what the clips leave of it
+    std::vector<Bounds> outer_; // the page before each clip that is open
+    int clipCount_ = 0, gradientCount_ = 0; // of the whole picture
+    std::vector<Chords> runs_;              // reused
+    std::int64_t x_ = 0, y_ = 0;            // current point in thousandths
+    char lastCommand_ = '\0';               // within the path
+    bool afterNumber_ = false;              // the next number needs a gap
 };
 
 } // namespace orvald::picture

@@ -54,6 +54,30 @@ TEST(Looks, ColourComesFromEntityLayerOrBlock)
     EXPECT_EQ(picture.at(45, 35), kWhite);
 }
 
+TEST(Looks, OpacityComesFromEntityLayerOrBlock)
+{
+    Sheet sheet;
+    sheet.layer("GLAS", {{62, 1}});
+    Drawing& drawing = sheet.drawing();
+    TagList& xdata =
+        drawing.edit(drawing.findRecord(drawing::TableId::layer, "GLAS")).needExtras().xdata;
+    xdata.addText(1001, "AcCmTransparency");
+    xdata.addInteger(1071, 0x0200007F);
+    const Index block = drawing.addBlock("FENSTER");
+    sheet.box(block, 0, 0, 10, 10, {{8, "GLAS"}});
+    sheet.box(block, 10, 0, 20, 10, {{62, 1}, {440, 0x01000000}});
+    sheet.box(block, 20, 0, 30, 10, {{62, 1}});
+    sheet.box(block, 30, 0, 40, 10, {{8, "GLAS"}, {440, 0x020000FF}});
+    sheet.add(Kind::insert, {{2, "FENSTER"}, {10, Point{0, 0, 0}}}, {{440, 0x0200007F}});
+    sheet.box(0, 10, 10, 20, {{8, "GLAS"}, {62, 5}});
+    const Picture picture(sheet, 40, 20);
+    EXPECT_EQ(picture.at(5, 5), 0xFF8080u);
+    EXPECT_EQ(picture.at(15, 5), 0xFF8080u) << "by block";
+    EXPECT_EQ(picture.at(25, 5), kRed);
+    EXPECT_EQ(picture.at(35, 5), kRed) << "its own";
+    EXPECT_EQ(picture.at(5, 15), 0x8080FFu);
+}
+
 TEST(Looks, HiddenEntitiesAreNotDrawn)
 {
     Sheet sheet;

@@ -15,6 +15,17 @@ namespace {
 
 using namespace test;
 
+// A square from its lower left corner, red and blue.
+Groups gradientSquare(Point corner, double side, const char* shape, double angle)
+{
+    const auto at = [&](double x, double y) { return corner + Point{x * side, y * side, 0}; };
+    return {{10, Point{}},  {2, "SOLID"},    {70, 1},     {91, 1},        {92, 2},
+            {72, 0},        {73, 1},         {93, 4},     {10, at(0, 0)}, {10, at(1, 0)},
+            {10, at(1, 1)}, {10, at(0, 1)},  {97, 0},     {75, 0},        {76, 1},
+            {450, 1},       {460, angle},    {453, 2},    {463, 0.0},     {421, 0xFF0000},
+            {463, 1.0},     {421, 0x0000FF}, {470, shape}};
+}
+
 // A drawing with something of every kind.
 Sheet everyKind(Point shift = {})
 {
@@ -43,6 +54,8 @@ Sheet everyKind(Point shift = {})
                {41, 1.0},        {78, 1},   {53, 45.0}, {43, 0.0},        {44, 0.0},
                {45, -1.5},       {46, 1.5}, {79, 0}});
     sheet.add(Kind::point, {{10, at(95, 50)}});
+    sheet.add(Kind::hatch, gradientSquare(at(0, 80), 20.0, "SPHERICAL", 0.5));
+    sheet.add(Kind::dimension, {{70, 1}, {13, at(30, 80)}, {14, at(60, 85)}, {10, at(60, 90)}});
     sheet.add(Kind::xline, {{10, at(0, 70)}, {11, Point{1, 0.1, 0}}});
     return sheet;
 }
@@ -297,6 +310,31 @@ TEST(Picture, HatchesFillByParityAndStyle)
     EXPECT_EQ(hatch(1, false), 80 * 80 - 60 * 60);
     EXPECT_EQ(hatch(2, false), 80 * 80);
     EXPECT_NEAR(hatch(0, true), 80 * 80 - 60 * 60 + std::numbers::pi * 400, 10);
+}
+
+TEST(Picture, GradientsRunOverTheWholeHatch)
+{
+    const auto picture = [](const char* shape, double angle) {
+        Sheet sheet;
+        sheet.add(Kind::hatch, gradientSquare({10, 10, 0}, 100.0, shape, angle));
+        return Picture(sheet, 120, 120);
+    };
+    const auto red = [](const Picture& p, int x, int y) { return double(p.at(x, y) >> 16); };
+    const Picture linear = picture("LINEAR", 0.0);
+    for (int x = 10; x < 110; x += 9) {
+        EXPECT_NEAR(red(linear, x, 40), 255.0 * (109.5 - x) / 100.0, 2.0) << x;
+        EXPECT_EQ(linear.at(x, 40), linear.at(x, 90));
+    }
+    const Picture turned = picture("LINEAR", std::numbers::pi / 2.0);
+    const Picture there = picture("CYLINDER", 0.0), back = picture("INVCYLINDER", 0.0);
+    const Picture round = picture("SPHERICAL", 0.0);
+    for (int x = 10; x < 110; x += 9) {
+        EXPECT_NEAR(red(turned, 50, x), red(linear, x, 50), 2.0);
+        EXPECT_NEAR(red(there, x, 50), red(there, 119 - x, 50), 2.0);
+        EXPECT_NEAR(red(there, x, 50) + red(back, x, 50), 255.0, 2.0);
+        EXPECT_NEAR(red(round, x, 30), red(round, 30, x), 2.0);
+    }
+    EXPECT_NEAR(red(round, 60, 60), 0.0, 4.0) << "light falls on the middle";
 }
 
 TEST(Picture, TextsStandAtTheirPoints)

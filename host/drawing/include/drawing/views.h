@@ -8,6 +8,7 @@
 #include "drawing/point.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -119,6 +120,12 @@ struct HatchLine // one family of lines of a pattern
     Point base, offset;
     std::vector<double> dashes;
 };
+struct HatchGradient
+{
+    std::string_view shape; // "LINEAR", "CYLINDER", "SPHERICAL" ...; "" none
+    double angle = 0.0;
+    std::vector<std::int64_t> colours; // 0xRRGGBB
+};
 struct HatchView
 {
     std::string_view pattern; // file form
@@ -128,6 +135,7 @@ struct HatchView
     int style = 0; // 0 odd parity, 1 outer, 2 ignore
     std::vector<HatchPath> paths;
     std::vector<HatchLine> lines;
+    HatchGradient gradient;
 };
 
 // Each answers what the record holds; the kind is the caller's to know.
