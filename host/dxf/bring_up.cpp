@@ -99,6 +99,13 @@ void pointToArrows(Drawing& drawing, Index index)
     }
 }
 
+/// Solids, regions, and surfaces, which are none of the kinds that are known by name.
+bool mayHaveBody(Kind kind)
+{
+    return kind == Kind::solid3d || kind == Kind::region || kind == Kind::body ||
+           kind == Kind::other;
+}
+
 /// Header variables that later versions keep elsewhere.
 void dropOldVariables(HeaderVariables& header)
 {
@@ -127,13 +134,14 @@ void bringUp(Drawing& drawing, std::string_view version, Warnings& warnings)
     for (Index i = 0; i < drawing.recordCount(); ++i) {
         const Kind kind = drawing.at(i).kind();
         const bool proxy = kind == Kind::proxyEntity || kind == Kind::proxyObject;
-        const bool body = kind == Kind::solid3d || kind == Kind::region || kind == Kind::body;
         if (version < "AC1024" &&
             (proxy || (drawing.at(i).isEntity() && drawing.at(i).tags.has(310))))
             widenCounts(drawing.edit(i));
         if (version > "AC1027" && proxy) joinProxyFormat(drawing.edit(i));
         if (version > "AC1027" && dropEmbedded(drawing.edit(i))) ++embedded;
-        if (version < "AC1027" && body) ++bodies;
+        if (version < "AC1027" && mayHaveBody(kind) &&
+            drawing.at(i).tags.findMarker("AcDbModelerGeometry") != drawing.at(i).tags.end())
+            ++bodies;
     }
     if (embedded != 0)
         warnings.add(0, std::to_string(embedded) + " texts lose their column or multi-line data, " +

@@ -111,19 +111,12 @@ void Parser::readHeader()
 
 void Parser::setEncoding()
 {
-    constexpr std::string_view firstUtf8 = "AC1021";
-    if (version_ >= firstUtf8) { // whatever code page such files tell, in front of it or behind
-        form_.page = nullptr;
-        return;
-    }
-    if (form_.page == nullptr) form_.page = &text::CodePage::ansi1252();
-    if (in_.code() != 3) return;
-    // Old files say "ascii" and mean the code page of their country.
-    const text::CodePage* page = text::CodePage::named(in_.value());
-    if (page != nullptr) form_.page = page;
-    else if (!in_.value().empty() && in_.value() != "ascii")
+    if (in_.code() == 3) codePage_ = in_.value();
+    bool known = false;
+    form_.page = pageOf(version_, codePage_, known);
+    if (!known)
         handler_.warn(in_.line() + 1,
-                      "code page " + quoted(in_.value()) + " is unknown: ANSI_1252 is taken");
+                      "code page " + quoted(codePage_) + " is unknown: ANSI_1252 is taken");
 }
 
 void Parser::readClasses()

@@ -76,7 +76,7 @@ private:
     Handler& handler_;
     FileForm form_;
     TagBuilder tags_, xdata_;
-    std::string version_, key_, scratch_;
+    std::string version_, codePage_, key_, scratch_;
     std::uint64_t keyLine_ = 0;
     // Groups in front of the first subclass marker of the present record.
     enum class Braces

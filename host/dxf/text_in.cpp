@@ -34,12 +34,18 @@ bool isPlainAscii(std::string_view value)
     return true;
 }
 
-} // namespace
-
-std::string_view readText(std::string_view value, const text::CodePage* page, std::string& scratch,
-                          bool& foreign)
+/// True when a \U+ or \M+ form may stand in it.
+bool mayHaveForms(std::string_view value)
 {
-    if (isPlainAscii(value)) return value;
+    for (std::size_t at = value.find('\\'); at != value.npos; at = value.find('\\', at + 1))
+        if (at + 2 < value.size() && value[at + 2] == '+') return true;
+    return false;
+}
+
+/// The value in UTF-8 with the forms of text that it has; false when it stands so already.
+bool toUtf8(std::string_view value, const text::CodePage* page, std::string& scratch, bool& foreign)
+{
+    if (isPlainAscii(value)) return false;
     scratch.clear();
     for (std::size_t at = 0; at < value.size();) {
         const auto byte = static_cast<std::uint8_t>(value[at]);
@@ -78,7 +84,31 @@ std::string_view readText(std::string_view value, const text::CodePage* page, st
             scratch += character;
         }
     }
-    return scratch;
+    return true;
+}
+
+} // namespace
+
+std::string_view readText(std::string_view value, const text::CodePage* page, std::string& scratch,
+                          bool& foreign)
+{
+    if (toUtf8(value, page, scratch, foreign)) value = scratch;
+    if (page != nullptr && mayHaveForms(value)) {
+        scratch = drawing::fileForm(drawing::text8(value));
+        return scratch;
+    }
+    return value;
+}
+
+const text::CodePage* pageOf(std::string_view version, std::string_view name, bool& known)
+{
+    constexpr std::string_view firstUtf8 = "AC1021";
+    known = true;
+    if (version.empty() || version >= firstUtf8) return nullptr;
+    if (const text::CodePage* page = text::CodePage::named(name)) return page;
+    // Old files say "ascii" and mean the code page of their country.
+    known = name.empty() || name == "ascii";
+    return &text::CodePage::ansi1252();
 }
 
 } // namespace orvald::dxf

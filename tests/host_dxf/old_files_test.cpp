@@ -236,6 +236,33 @@ TEST(CodePages, TextsComeInTheEncodingThatTheHeaderTells)
     EXPECT_NE(loaded.warnings[0].text.find("KLINGON"), std::string::npos);
 }
 
+TEST(CodePages, NamesAreJudgedAndKeptAsTheirCharacters)
+{
+    // The bytes hold a backslash; a form stands for what the page does not have.
+    for (const auto& [page, bytes, name] :
+         {std::tuple{"ANSI_932", "\x95\x5C\x8E\xA6", "表示"}, std::tuple{"BIG5", "\xA5\x5C", "功"},
+          std::tuple{"ANSI_1252", "\\U+1EDD\xE4\\M+1955C", "ờä表"}}) {
+        std::string text = replaced(newText(), "AC1027", "AC1018");
+        text = replaced(text, groups("9 $ACADVER|1 AC1018"), ""); // the page may stand in front
+        text = replaced(text, groups("3 ANSI_1252"),
+                        groups("3 " + std::string(page) + "|9 $ACADVER|1 AC1018"));
+        const std::string layer =
+            groups("0 LAYER|5 A1|330 2|100 AcDbSymbolTableRecord|100 "
+                   "AcDbLayerTableRecord|2 " +
+                   std::string(bytes) + "|70 0|62 7|6 Continuous|370 -3|390 F");
+        text = replaced(text, groups("0 ENDTAB|0 TABLE|2 STYLE"),
+                        layer + groups("0 ENDTAB|0 TABLE|2 STYLE"));
+        for (const ProblemSum& sum : auditText(text).kinds)
+            EXPECT_NE(sum.first.kind, "name") << sum.first.text;
+        const Loaded loaded = loadText(text);
+        ASSERT_NE(loaded.drawing, nullptr) << loaded.error.message();
+        EXPECT_EQ(loaded.drawing->at(loaded.drawing->byHandle(0xA1)).name(),
+                  std::string_view(name));
+        EXPECT_NE(saveText(*loaded.drawing).find(groups("2 " + std::string(name))),
+                  std::string::npos);
+    }
+}
+
 TEST(CodePages, FormsOfOldMultiByteCharactersAreRead)
 {
     struct Case

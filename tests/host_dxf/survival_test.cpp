@@ -4,6 +4,7 @@
 #include "../host_drawing/chain_text.h"
 #include "drawing/clone.h"
 #include "drawing/object_data.h"
+#include "dxf/audit.h"
 #include "dxf_support.h"
 
 #include <bit>
@@ -104,19 +105,26 @@ void changeAll(Drawing& drawing, std::mt19937& random)
 
 } // namespace
 
-TEST(Survival, EntitiesThatHoldMoreThanGeometryStayWhole)
+TEST(Survival, EveryKindOfEveryVersionComesBackFromTextAndBinaryFiles)
 {
     TemporaryFolder folder;
-    const std::string path = folder.file("kinds.dxf"), saved = folder.file("saved.dxf");
-    for (const char* version : {"R2007", "R2010", "R2013", "R2018"}) {
+    const std::string path = folder.file("kinds.dxf"), binary = folder.file("binary.dxf"),
+                      saved = folder.file("saved.dxf");
+    for (const std::string& version : sampleVersions()) {
         SCOPED_TRACE(version);
-        if (runTool("make_dxf.py", "kinds " + std::string(version) + " " + path + " 2>/dev/null"))
-            GTEST_SKIP() << "the other program's library is not installed";
+        for (const auto& [file, form] : {std::pair{path, ""}, std::pair{binary, " bin"}})
+            if (runTool("make_dxf.py", "kinds " + version + " " + file + form + " 2>/dev/null"))
+                GTEST_SKIP() << "the other program's library is not installed";
         const Loaded loaded = load(path);
         ASSERT_NE(loaded.drawing, nullptr) << loaded.error.message();
         ASSERT_TRUE(save(*loaded.drawing, saved).good);
         EXPECT_EQ(runTool("dxf_same.py", path + " " + saved), 0);
         expectAudited(saved);
+        EXPECT_TRUE(audit(path).good());
+        EXPECT_TRUE(audit(saved).good());
+        const Loaded same = load(binary);
+        ASSERT_NE(same.drawing, nullptr) << same.error.message();
+        expectSameObjects(*loaded.drawing, *same.drawing);
     }
 }
 

@@ -5,7 +5,8 @@
     dxf_same.py OLD NEW    one line per difference; exit 1 when a record of OLD is missing or differs in NEW
 
 Numbers are compared to the last bit, texts character by character, groups in their order. Header, classes, what
-heads of tables count and list, and what NEW has besides are not looked at.
+heads of tables count and list, and what NEW has besides are not looked at. Layers of old versions have no material
+(347) and get one.
 """
 import struct
 import sys
@@ -34,8 +35,10 @@ def canonical(code, text):
 
 def records(path):
     """Type and groups of each record by handle."""
-    with open(path, encoding="utf-8", errors="surrogateescape", newline="") as file:
-        lines = file.read().replace("\r\n", "\n").split("\n")
+    with open(path, "rb") as file:
+        data = file.read()
+    old = any(version in data[:2000] for version in (b"AC1015", b"AC1018"))  # in code page 1252
+    lines = data.decode("cp1252" if old else "utf-8", "surrogateescape").replace("\r\n", "\n").split("\n")
     found, groups, section = {}, [], ""
     for code, text in zip(lines[0::2], lines[1::2]):
         code = int(code)
@@ -64,10 +67,12 @@ def main():
     old, new = records(sys.argv[1]), records(sys.argv[2])
     bad = not old
     for handle, groups in old.items():
-        if groups == new.get(handle):
+        other = new.get(handle, [])
+        if groups[0][1] == "LAYER" and all(code != 347 for code, _ in groups):
+            other = [group for group in other if group[0] != 347]
+        if groups == other:
             continue
         bad = True
-        other = new.get(handle, [])
         at = next((i for i, (a, b) in enumerate(zip(groups, other)) if a != b), min(len(groups), len(other)))
         print(f"{groups[0][1]} {handle:X}: {groups[at:at + 3]!s:.200} is {other[at:at + 3]!s:.200}")
     return 1 if bad else 0

@@ -6,10 +6,10 @@
     make_dxf.py mixed COUNT OUT       COUNT mixed entities
     make_dxf.py data COUNT OUT        the same, each with xdata, extension dictionary, two xrecords
     make_dxf.py foreign VERSION OUT   what other applications keep in a drawing, in every form
-    make_dxf.py kinds VERSION OUT     entities that hold more than geometry: solids, images, leaders ...
-    make_dxf.py old R12 OUT           all that R12 can hold; a further word "bin" makes a binary file
+    make_dxf.py kinds VERSION OUT     every kind of entity and object besides: solids, images, leaders, proxies ...
+    make_dxf.py old R12 OUT           all that R12 can hold
 
-Equal arguments give equal geometry: numbers come from a fixed seed.
+A further word "bin" makes a binary file. Equal arguments give equal geometry: numbers come from a fixed seed.
 """
 import math
 import random
@@ -225,6 +225,123 @@ def add_kinds(doc):
     sheet.add_viewport((100, 100), (150, 100), (0, 0), 300)
 
 
+# Records as their text: what the library keeps without knowing it. {0} to {2}: handles of the record, its owner,
+# a line; the class of the proxies is the first of the file.
+RAW_ENTITIES = [
+    "0 ACAD_PROXY_ENTITY|5 {0}|330 {1}|100 AcDbEntity|8 LAYER_3|100 AcDbProxyEntity|90 498|91 500|95 33|70 0|"
+    "160 12|310 0C00000001000000FFFFFFFF|162 2|311 4141|161 16|310 F00F|340 {2}|330 DEAD|94 0",
+    "0 FOREIGN_PROFILE|5 {0}|330 {1}|100 AcDbEntity|8 0|62 3|160 4|310 00FF00FF|100 FremdProfile|90 3|10 1.0|20 2.0|"
+    "30 3.0|10 4.0|20 5.0|30 6.0|40 0.1|290 1|1 Profil|340 {2}|101 Embedded Object|70 1|5 FFEE",
+    "0 OLE2FRAME|5 {0}|330 {1}|100 AcDbEntity|8 0|100 AcDbOle2Frame|70 2|3 Sheet|10 0.0|20 9.0|30 0.0|11 9.0|21 0.0|"
+    "31 0.0|71 2|72 0|90 4|310 D0CF11E0|1 OLE",
+]
+RAW_OBJECTS = [
+    "0 ACAD_PROXY_OBJECT|5 {0}|330 {1}|100 AcDbProxyObject|90 499|91 501|95 33|70 0|161 16|310 F00F|360 0|94 0",
+    "0 FOREIGN_NORM|5 {0}|102 {{ACAD_REACTORS|330 {1}|102 }}|330 {1}|100 FremdNorm|90 1|330 {2}|331 {2}|300 {{|"
+    "302 list|90 2|301 }}|160 -4|3 no key|350 {2}",
+]
+
+
+def add_raw(doc, line):
+    from ezdxf.entities import factory
+    from ezdxf.lldxf.extendedtags import ExtendedTags
+
+    def load(text, owner):
+        groups = [group.partition(" ")[::2] for group in text.format(doc.entitydb.next_handle(), owner, line).split("|")]
+        entity = factory.load(ExtendedTags.from_text("".join(f"{code}\n{value}\n" for code, value in groups)), doc)
+        doc.entitydb.add(entity)
+        return entity
+
+    for name, cpp, is_entity in (("FOREIGN_PROFILE", "FremdProfile", 1), ("FOREIGN_NORM", "FremdNorm", 0)):
+        doc.classes.add_class(name)  # ignored when unknown
+        doc.classes.register(ezdxf.entities.DXFClass.new(dxfattribs={
+            "name": name, "cpp_class_name": cpp, "app_name": "Fremd|mit Text", "flags": 1, "was_a_proxy": 0,
+            "is_an_entity": is_entity}))
+    for text in RAW_ENTITIES:
+        doc.modelspace().add_entity(load(text, doc.modelspace().layout_key))
+    owner = doc.rootdict.add_new_dict("FOREIGN_NORMS", hard_owned=True)
+    for number, text in enumerate(RAW_OBJECTS):
+        norm = load(text, owner.dxf.handle)
+        doc.objects.add_object(norm)
+        owner[f"Norm {number}"] = norm
+
+
+def add_more_kinds(doc):
+    msp = doc.modelspace()
+    line = msp.add_line((0, 0), (9, 9))
+    profile = msp.add_lwpolyline([(0, 0), (5, 0), (5, 5)])
+    if doc.dxfversion >= "AC1021":
+        for add in (msp.add_surface, msp.add_extruded_surface, msp.add_lofted_surface, msp.add_revolved_surface,
+                    msp.add_swept_surface):
+            surface = add()
+            surface.dxf.uid = "{00000000-0000-0000-0000-000000000000}"
+            if doc.dxfversion < "AC1027":
+                surface.sat = SOLID_TEXT
+    msp.add_rational_spline([(0, 0), (10, 20), (30, 10), (40, 40)], weights=[1, 2, 1, 1])
+    faces = msp.add_polyface()
+    faces.append_face([(0, 0, 0), (1, 0, 0), (1, 1, 0)])
+    for part in (*faces.vertices, faces.seqend):
+        part.dxf.owner = faces.dxf.handle  # the library leaves them with the block
+    for kind in ("pdf", "dwf", "dgn"):
+        msp.add_underlay(doc.add_underlay_def(f"plan2.{kind}", fmt=kind, name="1"), (10, 10)).set_boundary_path(
+            [(0, 0), (3, 0), (3, 3)])
+    msp.add_image(doc.add_image_def("clip.png", (64, 40)), (0, 0), (64, 40)).set_boundary_path([(0, 0), (6, 0), (6, 6)])
+    msp.add_leader([(0, 0), (5, 5), (9, 5)], override={"dimscale": 2.0, "dimtad": 1})
+    if doc.dxfversion < "AC1032":  # there the columns stand in an embedded object, which older versions lose
+        msp.add_mtext_static_columns(["one\nline", "two", "three"], width=10, gutter_width=1, height=20)
+    msp.add_mtext("masked ^ text").set_bg_color(2)
+    gradient = msp.add_hatch(color=3)
+    if doc.dxfversion >= "AC1018":
+        gradient.set_gradient((10, 10, 10), (250, 250, 250), rotation=15, name="CYLINDER")
+    edges = gradient.paths.add_edge_path()
+    edges.add_ellipse((0, 0), (5, 0), 0.5, 0, 180)
+    edges.add_spline(control_points=[(-5, 0), (-2, 3), (2, 3), (5, 0)], degree=3, knot_values=[0, 0, 0, 0, 1, 1, 1, 1])
+    mpolygon = msp.add_mpolygon(color=1, fill_color=5)
+    mpolygon.paths.add_polyline_path([(0, 0), (9, 0), (9, 9, 0.3)], is_closed=True)
+    for dim in (msp.add_angular_dim_2l((0, 9), ((0, 0), (9, 0)), ((0, 0), (9, 9))),
+                msp.add_ordinate_y_dim((3, 4), (1, 1))):
+        dim.render()
+    if doc.dxfversion >= "AC1018":
+        msp.add_arc_dim_3p(base=(0, 7), center=(0, 0), p1=(5, 0), p2=(0, 5)).render()
+    leader = msp.add_multileader_block("Standard")
+    leader.set_content("BOLT")
+    leader.add_leader_line(ezdxf.render.mleader.ConnectionSide.right, [(20, 15)])
+    leader.build(Vec2(5, 5))
+    block = doc.blocks.new("CLIPPED")
+    block.add_attdef("FIXED", (0, 0), "constant", dxfattribs={"height": 1, "flags": 2})
+    block.add_text("x", dxfattribs={"height": 1, "rotation": 30, "oblique": 10, "width": 0.8})
+    msp.add_blockref("CLIPPED", (1, 2), dxfattribs={"extrusion": (0, 0, -1), "zscale": -1})
+    if doc.dxfversion >= "AC1024":
+        geo = msp.new_geodata()
+        geo.coordinate_system_definition = "<Dictionary/>"
+        geo.source_vertices, geo.target_vertices = [Vec2(0, 0), Vec2(1, 0)], [Vec2(9, 45), Vec2(10, 45)]
+    objects = ["IDBUFFER", "LAYER_FILTER"]
+    if doc.dxfversion >= "AC1021":
+        msp.new_entity("LIGHT", {"name": "lamp", "location": (1, 2, 3)})
+        objects.append("SUN")
+    for kind in objects:
+        doc.rootdict[f"A_{kind}"] = doc.objects.new_entity(kind, {"owner": doc.rootdict.dxf.handle})
+    doc.set_raster_variables(frame=1)
+    doc.set_wipeout_variables(frame=1)
+    msp.set_redraw_order([(line.dxf.handle, profile.dxf.handle), (profile.dxf.handle, line.dxf.handle)])
+    doc.groups.new("SOME").extend([line, profile])
+    doc.layers.get("LAYER_4").description = "a description"
+    doc.layers.get("LAYER_4").transparency = 0.5
+    line.rgb = (1, 2, 3)
+    line.transparency = 0.25
+    doc.ucs.new("BASE", {"origin": (1, 2, 3)})
+    doc.views.new("FRONT", {"height": 9})
+    doc.viewports.new("LEFT")
+    doc.materials.new("STEEL")
+    doc.mline_styles.new("WALL").elements.append(0.5, 1)
+    doc.mleader_styles.new("TALL")
+    doc.dimstyles.new("TINY", dxfattribs={"dimtxt": 0.5, "dimtxsty": "SIMPLEX"})
+    doc.linetypes.add("WITH_TEXT", 'A,.5,-.2,["GAS",STANDARD,S=.1,U=0.0,X=-0.1,Y=-.05],-.25', length=1.0)
+    doc.styles.add_shx("symbols.shx")
+    doc.layouts.new("Third").page_setup(size=(420, 297), margins=(5, 5, 5, 5))
+    add_raw(doc, line.dxf.handle)
+
+
 def add_old(doc):
     add_resources(doc)
     msp = doc.modelspace()
@@ -258,6 +375,7 @@ def add_old(doc):
 def main():
     kind, parameter, path = sys.argv[1:4]
     version = parameter if kind in ("sample", "foreign", "kinds", "old") else "R2013"
+    ezdxf.options.write_fixed_meta_data_for_testing = True
     doc = ezdxf.new(version, setup=False)
     doc.header["$INSUNITS"] = 4
     if kind == "sample":
@@ -266,6 +384,7 @@ def main():
         add_foreign(doc)
     elif kind == "kinds":
         add_kinds(doc)
+        add_more_kinds(doc)
     elif kind == "old":
         add_old(doc)
     else:

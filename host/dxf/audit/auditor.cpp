@@ -5,6 +5,7 @@
 #include "drawing/text.h"
 #include "number_in.h"
 #include "parser.h"
+#include "text_in.h"
 
 #include <algorithm>
 
@@ -113,12 +114,11 @@ void Auditor::run()
                 return;
             }
             watchVersion();
-            const bool utf8 = version_.empty() || version_ >= "AC1021";
             // Before R13 that group of a dimension style is the name of a block.
             const bool isArrow =
                 !marked_ && in_.code() == 5 && record_.size() != 0 && record_.is("DIMSTYLE");
-            if (!isArrow) checkValue(in_, utf8, report_);
-            record_.add(in_.code(), in_.value(), in_.line());
+            if (!isArrow) checkValue(in_, page_ == nullptr, report_);
+            addGroup();
             ended = record_.size() == 1 && record_.is("EOF");
         }
     } catch (const Fail& fail) {
@@ -148,13 +148,36 @@ void Auditor::watchVersion()
         variable_ = trimmed(in_.value());
         return;
     }
-    if (variable_ != "$ACADVER" || !version_.empty()) return;
-    version_ = trimmed(in_.value());
-    marked_ = version_ >= kFirstMarkedVersion;
-    index_.setMarked(marked_);
-    if (!isReadVersion(version_))
-        report_.add(
-            {true, "header", in_.line() + 1, 0, "version " + quoted(version_) + " is not known"});
+    if (variable_ == "$ACADVER" && version_.empty()) {
+        version_ = trimmed(in_.value());
+        marked_ = version_ >= kFirstMarkedVersion;
+        index_.setMarked(marked_);
+        if (!isReadVersion(version_))
+            report_.add({true, "header", in_.line() + 1, 0,
+                         "version " + quoted(version_) + " is not known"});
+    } else if (variable_ == "$DWGCODEPAGE") {
+        codePage_ = trimmed(in_.value());
+    } else {
+        return;
+    }
+    bool known = false;
+    page_ = pageOf(version_, codePage_, known);
+    if (!known)
+        report_.add({false, "code-page", in_.line() + 1, 0,
+                     "code page " + quoted(codePage_) + " is not known"});
+}
+
+void Auditor::addGroup()
+{
+    bool foreign = false;
+    TagKind kind = TagKind::text;
+    const bool isText = fileKind(in_.code(), kind) && kind == TagKind::text;
+    const std::string_view value =
+        isText && page_ != nullptr ? readText(in_.value(), page_, scratch_, foreign) : in_.value();
+    record_.add(in_.code(), value, in_.line());
+    if (foreign)
+        report_.add({false, "code-page", in_.line() + 1, 0,
+                     quoted(value) + " has bytes that the file's code page does not have"});
 }
 
 void Auditor::endRecord()

@@ -6,6 +6,7 @@
 
 #include "audit/index.h"
 #include "tag_reader.h"
+#include "text/code_page.h"
 
 #include <map>
 
@@ -33,8 +34,10 @@ private:
     void misplaced(std::string_view text);
 
     // auditor.cpp: sections, tables, blocks.
-    /// Notes the version when the present group tells it.
+    /// Notes version and code page when the present group tells them.
     void watchVersion();
+    /// Takes the present group into the record, its text in UTF-8.
+    void addGroup();
     void endRecord();
     void beginSection();
     void endSection();
@@ -80,6 +83,9 @@ private:
     Report report_;
     AuditIndex index_;
     std::string& version_;
+    std::string codePage_;
+    const text::CodePage* page_ = nullptr; // null: UTF-8
+    std::string scratch_;
     bool marked_ = true; // of a version with subclass markers, owners and handles everywhere
     AuditRecord record_;
 

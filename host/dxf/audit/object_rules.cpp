@@ -13,7 +13,8 @@ using namespace drawing;
 
 void Auditor::checkTableName()
 {
-    std::string_view name = record_.text(2);
+    const std::string text = text8(record_.text(2));
+    std::string_view name = text;
     if (!record_.has(2)) error("name", "it has no name");
     const bool blanks = name.starts_with(' ') || name.ends_with(' ');
     if (name.starts_with('*')) name.remove_prefix(1);
