@@ -53,6 +53,12 @@ VariableValue dwgTitled(Document& document) { return document.path().empty() ? 0
 VariableValue saveName(Document& document) { return toUtf16(document.path()); }
 VariableValue dbMod(Document& document) { return document.isModified() ? 1 : 0; }
 
+VariableValue undoControl(Document& document)
+{
+    constexpr int kOn = 1, kInGroup = 8, kZoomsCombined = 4;
+    return kOn | kZoomsCombined | (document.drawing().journal().inGroup() ? kInGroup : 0);
+}
+
 // -- time and machine
 
 /// Local civil time, with its fraction of a second.
@@ -308,6 +314,7 @@ constexpr VariableRow kRows[] = {
     answer(u"UCSORG", point3, ucsOrigin),
     answer(u"UCSXDIR", point3, ucsXAxis),
     answer(u"UCSYDIR", point3, ucsYAxis),
+    answer(u"UNDOCTL", integer, undoControl),
     answer(u"VIEWCTR", point3, viewCentre),
     answer(u"VSMAX", point3, viewUpperRight),
     answer(u"VSMIN", point3, viewLowerLeft),

@@ -264,7 +264,6 @@ constexpr VariableRow kRows[] = {
     option(u"UCSORTHO", 0, 1, 1),
     option(u"UCSVIEW", 0, 1, 1),
     option(u"UCSVP", 0, 1, 1),
-    fixed(option(u"UNDOCTL", 0, 63, 5)),
     fixed(option(u"UNDOMARKS", 0, kShort, 0)),
     option(u"UPDATETHUMBNAIL", 0, 31, 15),
     words(u"USERS1"),

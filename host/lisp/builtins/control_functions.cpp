@@ -9,25 +9,30 @@ namespace orvald::lisp {
 namespace {
 
 // (vl-catch-all-apply function list). A symbol without a function is an error of the caller: it is
-// raised outside the guard, and programs test the type first.
+// raised outside the guard, and programs test the type first. One that only this host has not is
+// caught: the program is right, and may do without.
 Value catchAllApply(World& world, Args args)
 {
     Evaluator& evaluator = evaluatorOf(world);
     const Value designator = args[0];
-    if (designator.isSymbol() && designator.asSymbol()->value.isNil()) {
+    const bool unknown = designator.isSymbol() && designator.asSymbol()->value.isNil();
+    if (unknown && !world.host().lacksFunction(designator.asSymbol()->name)) {
         world.raise(u"bad function: " + world.prin1(designator));
     }
     Value* const root = evaluator.sp;
-    evaluator.push(evaluator.resolveFunction(designator));
+    evaluator.push(unknown ? Value::nil() : evaluator.resolveFunction(designator));
     for (Value rest = args.list(1); rest.isCons(); rest = rest.asCons()->cdr) {
         evaluator.push(rest.asCons()->car);
     }
-    const Value result = evaluator.guarded([&] { return evaluator.callBack(*root, root + 1); },
-                                           [&](std::u16string message) {
-                                               auto* caught = evaluator.heap.make<CaughtError>();
-                                               caught->message = std::move(message);
-                                               return Value::object(caught);
-                                           });
+    const auto call = [&] {
+        if (unknown) world.raise(evaluator.undefined(designator.asSymbol()->name));
+        return evaluator.callBack(*root, root + 1);
+    };
+    const Value result = evaluator.guarded(call, [&](std::u16string message) {
+        auto* caught = evaluator.heap.make<CaughtError>();
+        caught->message = std::move(message);
+        return Value::object(caught);
+    });
     evaluator.sp = root;
     return result;
 }

@@ -8,6 +8,8 @@
 (progn (command "_.U") (lines)) ; => 2
 (progn (command "_.U") (lines)) ; => 0
 (progn (vlax-invoke doc 'StartUndoMark) (line 1.0) (line 2.0) (vlax-invoke-method doc "EndUndoMark") (command "_.U") (lines)) ; => 0
+; programs look whether a group is open
+(mapcar '(lambda (f) (f doc) (getvar "UNDOCTL")) (list vla-StartUndoMark vla-EndUndoMark)) ; => (13 5)
 ; *error* ends a mark that was never set
 (vla-EndUndoMark (vlax-get-property acad 'ActiveDocument)) ; => nil
 (vla-StartUndoMark nil) ; ! bad argument type: VLA-OBJECT nil
@@ -30,6 +32,8 @@
 (vlax-get-property acad 'Preferences) ; ! vlax-get-property PREFERENCES: not available in this host
 (load_dialog "x.dcl") ; ! load_dialog: not available in this host
 (vl-catch-all-error-message (vl-catch-all-apply '(lambda () (new_dialog "a" 1)) nil)) ; => "new_dialog: not available in this host"
+(vl-catch-all-error-message (vl-catch-all-apply 'vla-Delete (list doc))) ; => "vla-delete: not available in this host"
 (vlad) ; ! no function definition: VLAD
+(vl-catch-all-apply 'vlad nil) ; ! bad function: VLAD
 ; programs ask first
 (list (type vla-get-length) (and vlax-make-safearray)) ; => (nil nil)

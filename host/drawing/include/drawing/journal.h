@@ -51,6 +51,7 @@ public:
     void beginGroup();
     /// False when no group is open.
     bool endGroup();
+    bool inGroup() const { return groups_ != 0; }
     /// The present state can be returned to by back(). Open groups end.
     void mark();
     bool hasMark() const;
