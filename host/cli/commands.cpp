@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 #include "commands.h"
 
+#include "command_support.h"
 #include "text/json.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 
@@ -13,124 +13,11 @@ namespace {
 namespace fs = std::filesystem;
 using text::jsonText;
 
-void sayCalls(const Evaluation& evaluation)
-{
-    for (const CallLine& call : evaluation.calls) {
-        const std::string place =
-            call.file.empty() ? "" : "   " + call.file + ":" + std::to_string(call.line);
-        say("  in " + call.call + place);
-    }
-}
-
-/// The exit status behind an error, and its message with the calls that led to it.
-int report(const Session& session, const Evaluation& evaluation, Watchdog& watchdog)
-{
-    using End = Evaluation::End;
-    if (evaluation.end == End::stopped) {
-        say("stopped: " + watchdog.reason());
-        sayCalls(evaluation);
-        return watchdog.status();
-    }
-    if (const auto prompt = session.missingInput()) {
-        say("input wanted: " + (prompt->empty() ? "(a prompt without text)" : *prompt));
-        return kNoInput;
-    }
-    if (evaluation.end == End::cancelled) {
-        say("interrupted");
-        sayCalls(evaluation);
-        return kInterrupted;
-    }
-    // The program's own *error* has told the user already.
-    if (!evaluation.handled) {
-        say("error: " + evaluation.error);
-        sayCalls(evaluation);
-    }
-    if (evaluation.end == End::outOfMemory) return kMemoryLimit;
-    return session.moduleFaulted() ? kModuleFault : kLispError;
-}
-
-/// A session with its drawing; the status in `status` when it cannot start.
-std::unique_ptr<Session> start(const Options& options, const SessionOptions& with, int& status)
-{
-    if (!options.drawing.empty() && !isFile(options.drawing)) {
-        say(options.drawing + ": no such file");
-        status = kFileMissing;
-        return nullptr;
-    }
-    auto session = std::make_unique<Session>(with);
-    std::string problem = session->problem();
-    if (!problem.empty()) {
-        say(problem);
-        status = session->moduleFaulted() ? kModuleFault : kFileMissing;
-        return nullptr;
-    }
-    const bool open = options.drawing.empty() ? session->newDrawing(problem)
-                                              : session->open(options.drawing, problem);
-    if (!open) {
-        say(problem);
-        status = options.drawing.empty() ? kUsage : kNoDrawing;
-        return nullptr;
-    }
-    return session;
-}
-
-bool readLines(const std::string& path, std::vector<std::string>& lines)
-{
-    std::ifstream in(path, std::ios::binary);
-    for (std::string line; std::getline(in, line);) {
-        if (line.ends_with('\r')) line.pop_back();
-        lines.push_back(line);
-    }
-    return in.eof() && !in.bad();
-}
-
 bool readBytes(const std::string& path, std::string& bytes)
 {
     std::ifstream in(path, std::ios::binary);
     bytes.assign(std::istreambuf_iterator<char>(in), {});
     return in.is_open() && !in.bad();
-}
-
-/// Draws the current drawing; what the picture lacks is said, not an error.
-int writePicture(const std::string& path, const Options& options, Session& session)
-{
-    std::string problem, remark;
-    if (!session.picture(path, options.look, problem, remark)) {
-        say(problem);
-        return kNoOutput;
-    }
-    if (!remark.empty() && !options.session.quiet) say(remark);
-    return kWell;
-}
-
-/// Writes what was asked for after a good run.
-int writeResults(const Options& options, Session& session)
-{
-    std::string problem;
-    if (!options.save.empty() && !session.save(options.save, problem)) {
-        say(problem);
-        return kNoOutput;
-    }
-    if (!options.picture.empty()) {
-        const int status = writePicture(options.picture, options, session);
-        if (status != kWell) return status;
-    }
-    return session.moduleFaulted() ? kModuleFault : kWell;
-}
-
-bool isProgram(const std::string& word)
-{
-    return word.size() > 4 && (word.ends_with(".lsp") || word.ends_with(".LSP"));
-}
-
-bool areFiles(const std::vector<std::string>& programs)
-{
-    for (const std::string& program : programs) {
-        if (isFile(program)) continue;
-        say(program + ": no such file");
-        return false;
-    }
-    return true;
 }
 
 /// Programs, then expressions, up to the first error.
@@ -149,43 +36,15 @@ Evaluation evaluate(Session& session, const std::vector<std::string>& programs,
 
 } // namespace
 
-bool isFile(const std::string& path)
-{
-    std::error_code error;
-    return fs::exists(path, error) && !fs::is_directory(path, error);
-}
-
-void write(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
-
-void say(const std::string& line)
-{
-    std::fflush(stdout);
-    std::fprintf(stderr, "%s\n", line.c_str());
-}
-
 int run(const Options& options, Watchdog& watchdog)
 {
-    std::vector<std::string> programs;
-    std::size_t next = 0;
-    while (next < options.words.size() && isProgram(options.words[next])) {
-        programs.push_back(options.words[next++]);
-    }
     SessionOptions with = options.session;
-    with.arguments.assign(options.words.begin() + static_cast<std::ptrdiff_t>(next),
-                          options.words.end());
-    with.arguments.insert(with.arguments.end(), options.program.begin(), options.program.end());
+    const std::vector<std::string> programs = takePrograms(options, with.arguments);
     if (programs.empty() && options.expressions.empty()) {
         say("orvald run needs a program (FILE.lsp) or -e EXPR");
         return kUsage;
     }
-    if (!areFiles(programs)) return kFileMissing;
-    if (!options.answers.empty()) {
-        with.answers.emplace();
-        if (!readLines(options.answers, *with.answers)) {
-            say(options.answers + ": cannot be read");
-            return kFileMissing;
-        }
-    }
+    if (!areFiles(programs) || !takeAnswers(options, with)) return kFileMissing;
 
     int status = kWell;
     const std::unique_ptr<Session> session = start(options, with, status);
@@ -296,11 +155,7 @@ int functions(const Options& options, Watchdog&)
                    ", \"built\": " + (function.built ? "true" : "false") + "}";
             continue;
         }
-        out += "(" + function.name + (function.arguments.empty() ? "" : "  " + function.arguments) +
-               ")";
-        if (!function.result.empty()) out += " -> " + function.result;
-        if (!function.built) out += "   [not built]";
-        out += "\n";
+        out += function.text() + "\n";
     }
     if (options.json) out += shown == 0 ? "[]\n" : "\n]\n";
     write(out);

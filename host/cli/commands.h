@@ -13,12 +13,6 @@ int data(const Options& options, Watchdog& watchdog);
 int info(const Options& options, Watchdog& watchdog);
 int check(const Options& options, Watchdog& watchdog);
 int functions(const Options& options, Watchdog& watchdog);
-
-/// One line on stderr.
-void say(const std::string& line);
-/// Text on stdout.
-void write(std::string_view text);
-/// There is something at the path that is no folder.
-bool isFile(const std::string& path);
+int repl(const Options& options, Watchdog& watchdog);
 
 } // namespace orvald::cli

@@ -29,6 +29,13 @@ constexpr std::array kSections = {
     Section{"eval", R"(  orvald eval EXPR ...             print each value as LISP prints it
       -d, --drawing FILE.dxf       in this drawing
 )"},
+    Section{
+        "repl",
+        R"(  orvald repl [PROGRAM.lsp ...]    a console, with history and completion at a terminal (Tab, arrow
+                                   keys, Ctrl-R); else forms from standard input, one after the other
+      -d, --drawing FILE.dxf       in this drawing; -s and --picture when it ends
+                                   --timeout is for each form; (exit), (quit), Ctrl-D end; ,help
+)"},
     Section{"draw", R"(  orvald draw FILE.dxf PICTURE.svg|.png    draw a drawing
       --overlay [PROGRAM.lsp ...]  with the temporary graphics that programs and -e EXPR draw on it
       --width N, --height N, --margin N    pixels (else 1600, as what is drawn asks, and 40)

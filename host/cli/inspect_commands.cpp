@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // Commands that look at a drawing file and need no session.
-#include "commands.h"
+#include "command_support.h"
 #include "session/inspect.h"
 
 namespace orvald::cli {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
 // orvald: the command line of the headless host.
-#include "commands.h"
+#include "command_support.h"
 #include "help.h"
 #include "interrupt.h"
 
@@ -19,8 +19,8 @@ struct Command
     int (*run)(const Options&, Watchdog&);
 };
 constexpr Command kCommands[] = {
-    {"run", cli::run},     {"eval", cli::eval}, {"draw", cli::draw},          {"info", cli::info},
-    {"check", cli::check}, {"data", cli::data}, {"functions", cli::functions}};
+    {"run", cli::run},   {"repl", cli::repl},   {"eval", cli::eval}, {"draw", cli::draw},
+    {"info", cli::info}, {"check", cli::check}, {"data", cli::data}, {"functions", cli::functions}};
 
 int start(const std::vector<std::string>& arguments)
 {

@@ -6,6 +6,11 @@
 #include <unistd.h>
 
 namespace orvald {
+namespace {
+
+int linesTyped = 0;
+
+} // namespace
 
 void InputSource::setAnswers(std::vector<std::string> lines)
 {
@@ -18,17 +23,24 @@ bool InputSource::showsItself() const { return !fromList_ && isatty(STDIN_FILENO
 
 std::optional<std::string> InputSource::nextLine()
 {
+    if (!fromList_) return typedLine();
+    if (next_ == answers_.size()) return std::nullopt;
+    return answers_[next_++];
+}
+
+std::optional<std::string> InputSource::typedLine()
+{
     std::string line;
-    if (fromList_) {
-        if (next_ == answers_.size()) return std::nullopt;
-        line = answers_[next_++];
-    } else if (!std::getline(std::cin, line)) {
+    if (!std::getline(std::cin, line)) {
         std::cin.clear(); // a signal, or Ctrl-D on a terminal: the next prompt reads again
         std::clearerr(stdin);
         return std::nullopt;
     }
+    ++linesTyped;
     if (line.ends_with('\r')) line.pop_back();
     return line;
 }
+
+int InputSource::typedLines() { return linesTyped; }
 
 } // namespace orvald

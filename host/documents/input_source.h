@@ -18,6 +18,10 @@ public:
     void setAnswers(std::vector<std::string> lines);
     /// The next answer without its line end; nothing at the end of input.
     std::optional<std::string> nextLine();
+    /// A line of standard input without its end; nothing at the end of input and after a signal.
+    static std::optional<std::string> typedLine();
+    /// How many there were.
+    static int typedLines();
     /// True when the user sees what is typed, so that nobody needs to repeat it.
     bool showsItself() const;
     /// Answers that were given and not asked for.

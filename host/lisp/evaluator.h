@@ -135,6 +135,9 @@ public:
     /// See World::describeCalls.
     std::size_t describeCalls(char* text, std::size_t room) const noexcept;
 
+    /// Where a program's function was read, as far as that is known.
+    CallPlace placeOfFunction(const Lambda& lambda);
+
     // -- text and files
     /// As a program prints it; raises when the text outgrows the memory.
     std::u16string printed(Value value, Quoting quoting);

@@ -320,9 +320,8 @@ void Heap::finishCollection()
     for (std::size_t i = keep; i < blocks_.size(); ++i) CellBlock::destroy(blocks_[i]);
     blocks_.resize(keep);
 
-    next_ = runEnd_ = nullptr;
+    startOver();
     blockIndex_ = cellIndex_ = 0;
-    bytesSince_ = 0;
     const std::size_t alive = objectBytes_ + usedCount * kBlockBytes;
     threshold_ = std::max(kLeastThreshold, alive);
     threshold_ = std::min(threshold_, std::max(limit_ / 8, (limit_ - std::min(limit_, alive)) / 2));
@@ -334,8 +333,16 @@ void Heap::abandonCollection()
     for (CellBlock* block : blocks_) block->fill();
     for (Object* object : objects_) object->marked = false;
     for (Object* object : permanent_) object->marked = false;
-    next_ = runEnd_ = nullptr;
+    startOver();
     blockIndex_ = blocks_.size();
+    threshold_ = std::max(threshold_, std::min(kLeastThreshold, limit_ / 2));
+}
+
+void Heap::startOver()
+{
+    allocatedBefore_ = allocated();
+    ++collections_;
+    next_ = runEnd_ = nullptr;
     bytesSince_ = 0;
 }
 

@@ -10,6 +10,7 @@
 #include "objects.h"
 #include "small_pool.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -68,7 +69,7 @@ public:
 
     /// True when enough has been allocated since the last collection to be worth another.
     bool wantsCollection() const { return bytesSince_ >= threshold_; }
-    void expediteCollection() { bytesSince_ = threshold_; }
+    void expediteCollection() { threshold_ = std::min(threshold_, bytesSince_); }
     /// `countdown` becomes 0 when wantsCollection does, so that the next safe point looks.
     void setCollectionRequest(int* countdown) { countdown_ = countdown; }
 
@@ -91,12 +92,20 @@ public:
     /// points.
     void requireRoom(std::size_t size) const;
     std::size_t bytes() const;
+    /// Bytes taken since the heap was made; the collections in that time.
+    std::uint64_t allocated() const
+    {
+        return allocatedBefore_ + bytesSince_ -
+               static_cast<std::size_t>(runEnd_ - next_) * sizeof(Cons);
+    }
+    std::uint64_t collections() const { return collections_; }
     /// Accounts for memory that an object took or gave back after it was made.
     void charge(std::size_t size);
     void release(std::size_t size) { objectBytes_ -= size; }
 
 private:
     void nextRun();
+    void startOver(); // counting and walking along the free runs, after a collection
     void adopt(Object* object, std::size_t size);
     void markHeap(Value value);
     void markChildren(Object* object);
@@ -120,6 +129,8 @@ private:
     std::size_t limit_;
     std::size_t objectBytes_ = 0;
     std::size_t bytesSince_ = 0;
+    std::uint64_t allocatedBefore_ = 0; // up to the last collection
+    std::uint64_t collections_ = 0;
     std::size_t threshold_;
     int* countdown_ = nullptr;
 };

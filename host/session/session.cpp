@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-#include "session/session.h"
+#include "session_state.h"
 
-#include "document.h"
-#include "host.h"
 #include "hostapi/headless.h"
 #include "picture/picture.h"
 
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
+#include <malloc.h>
 #include <pthread.h>
 
 namespace orvald {
@@ -68,33 +67,25 @@ bool setVariable(Document& document, const std::string& name, const std::string&
 
 } // namespace
 
-struct Session::State
+Evaluation Session::State::evaluate(const std::function<lisp::Outcome(lisp::World&)>& run)
 {
-    Host host;
-    std::string problem;
-    std::vector<std::pair<std::string, std::string>> variables;
+    host.console().takeFailure();
+    lisp::World& world = current().world();
+    current().drawing().journal().step(); // U takes back what this evaluation does
+    Evaluation result = evaluationOf(world, run(world));
+    result.failure = toUtf8(host.console().takeFailure());
+    return result;
+}
 
-    Document& current() { return *host.current(); }
-    template <typename Run>
-    Evaluation evaluate(Run&& run)
-    {
-        host.console().takeFailure();
-        lisp::World& world = current().world();
-        current().drawing().journal().step(); // U takes back what this evaluation does
-        Evaluation result = evaluationOf(world, run(world));
-        result.failure = toUtf8(host.console().takeFailure());
-        return result;
+bool Session::State::setVariables(std::string& reason)
+{
+    for (const auto& [name, value] : variables) {
+        if (setVariable(current(), name, value)) continue;
+        reason = "system variable " + name + " cannot be set to \"" + value + "\"";
+        return false;
     }
-    bool setVariables(std::string& reason)
-    {
-        for (const auto& [name, value] : variables) {
-            if (setVariable(current(), name, value)) continue;
-            reason = "system variable " + name + " cannot be set to \"" + value + "\"";
-            return false;
-        }
-        return true;
-    }
-};
+    return true;
+}
 
 Session::Session(const SessionOptions& options) : state_(std::make_unique<State>())
 {
@@ -275,6 +266,18 @@ std::vector<FunctionLine> Session::functions() const
     }
     return lines;
 }
+
+std::optional<std::string> Session::typedLine() { return InputSource::typedLine(); }
+
+int Session::typedLines() const { return InputSource::typedLines(); }
+
+void Session::collectGarbage()
+{
+    state_->current().world().collectGarbage();
+    malloc_trim(0);
+}
+
+bool Session::takeInterrupt() { return state_->host.takeInterrupt(); }
 
 int Session::alerts() const { return state_->host.console().alerts(); }
 

@@ -83,6 +83,28 @@ private:
     int count_;
 };
 
+/// What is known of a function.
+struct FunctionShape
+{
+    enum class Sort
+    {
+        special, // takes its arguments unevaluated
+        builtin,
+        application,
+        program
+    } sort;
+    int least = 0, most = -1;  // of a builtin: count of arguments, -1 for any number
+    std::u16string parameters; // of a program's function: as written, with its locals
+    CallPlace place;           // of a program's function: where it was read, if known
+};
+
+/// Work of a world since it was made.
+struct WorkDone
+{
+    std::uint64_t allocated = 0; // bytes of LISP data
+    std::uint64_t collections = 0;
+};
+
 using BuiltinFunction = Value (*)(World& world, Args args);
 
 /// A row of a builtin table. The evaluator checks the count before the call, after evaluating the
@@ -242,6 +264,14 @@ public:
     /// The calls in progress as lines of UTF-8, innermost first, for a program that does not come
     /// back: safe in a signal handler on the world's thread. Gives the bytes written.
     std::size_t describeCalls(char* text, std::size_t room) const noexcept;
+
+    // -- for whoever looks at a world from outside
+    /// Every symbol with a value; names in upper case, in no order.
+    void forEachBound(
+        const std::function<void(std::u16string_view name, Value value)>& visit) const;
+    /// Nothing for a value that is no function.
+    std::optional<FunctionShape> shapeOf(Value function) const;
+    WorkDone workDone() const;
 
     bool equal(Value a, Value b, double fuzz = 0.0) const;
     void collectGarbage();

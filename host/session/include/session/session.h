@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -78,6 +79,15 @@ struct FunctionLine
 {
     std::string name, arguments, result;
     bool built = false;
+    /// "(name  arguments) -> result".
+    ORVALD_API std::string text() const;
+};
+
+/// Work of the current document's LISP world since it was opened.
+struct Work
+{
+    std::uint64_t allocated = 0; // bytes
+    std::uint64_t collections = 0;
 };
 
 /// What the status bar's progress meter shows, or showed last.
@@ -129,6 +139,21 @@ public:
     /// LISP functions in table order, of all modules that describe theirs.
     std::vector<FunctionLine> functions() const;
 
+    /// What a user who types may want: symbols that have a value, and system variables, in upper
+    /// case and in order.
+    std::vector<std::string> symbols() const;
+    std::vector<std::string> variables() const;
+    /// Lines about a function, a variable or a system variable; none when nothing is known.
+    std::vector<std::string> describe(const std::string& name);
+    Work work() const;
+    /// A line of standard input, also when prompts get their answers from a list; nothing at its
+    /// end or after Ctrl-C.
+    std::optional<std::string> typedLine();
+    /// Lines that standard input has given, to prompts as well.
+    int typedLines() const;
+    /// Gives back what no LISP program holds any more.
+    void collectGarbage();
+
     /// The text of a data file's bytes, as the first module that can gives it. False, with the
     /// reason, when they are damaged, and when no module can; the text is what could be read.
     bool dataToText(std::string_view bytes, std::string& text, std::string& problem);
@@ -147,6 +172,8 @@ public:
     void finishOutput();
     /// Asks the running program to stop; may be called from a signal handler.
     static void interrupt();
+    /// True once after interrupt(), where no program was there to hear it.
+    bool takeInterrupt();
     /// Ends the running program, whatever it catches, with End::stopped, and any further one until
     /// it is taken back. From any thread; a prompt that waits needs a signal besides.
     static void setStop(bool on);
