@@ -7,6 +7,7 @@ namespace orvald::picture {
 using drawing::Tag;
 
 DimSettings::DimSettings(const drawing::Drawing& drawing, const drawing::Record& entity)
+    : drawing_(drawing)
 {
     const drawing::Index style =
         drawing.findRecord(drawing::TableId::dimstyle, entity.tags.text(3, "Standard"));
@@ -53,6 +54,14 @@ std::string_view DimSettings::text(int code) const
 {
     const auto tag = find(code);
     return tag ? tag->text() : std::string_view{};
+}
+
+std::string_view DimSettings::textStyle() const
+{
+    const drawing::Index style = drawing_.byHandle(handle(340));
+    return style != drawing::kNone && drawing_.at(style).kind() == drawing::Kind::style
+               ? drawing_.at(style).name()
+               : "Standard";
 }
 
 drawing::Handle DimSettings::handle(int code) const

@@ -20,12 +20,15 @@ public:
     std::int64_t integer(int code, std::int64_t none) const;
     std::string_view text(int code) const;
     drawing::Handle handle(int code) const;
+    /// Name of the style of its letters.
+    std::string_view textStyle() const;
     /// A length that grows with the style's overall scale.
     double size(int code, double none) const { return scale_ * real(code, none); }
 
 private:
     std::optional<drawing::Tag> find(int code) const;
 
+    const drawing::Drawing& drawing_;
     const drawing::Record* style_ = nullptr;
     const drawing::TagList* xdata_ = nullptr;
     double scale_ = 1.0;

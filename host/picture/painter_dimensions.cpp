@@ -174,6 +174,7 @@ private:
         view.text = dimText(record_, text);
         view.insert = where;
         view.height = form_.text;
+        view.style = settings_.textStyle();
         view.rotation = record_.tags.has(53) ? record_.tags.real(53) * kDegree : readable(angle);
         constexpr int kMiddleCentre = 5;
         view.attachment = kMiddleCentre;

@@ -240,7 +240,7 @@ void Painter::multiLeader(const Record& record, const Look& look, const Place& p
         text.colour = colourOf(view.textColour, look, background);
         drawing::MTextView label = view.text;
         const Index style = drawing_.byHandle(view.textStyle);
-        if (style != drawing::kNone) label.style = drawing_.at(style).name();
+        label.style = style != drawing::kNone ? drawing_.at(style).name() : "Standard";
         paragraph(label, text, place);
     }
     const Index shape = drawing_.byHandle(view.block);

@@ -46,8 +46,7 @@ void Painter::tolerance(const Record& record, const Look& look, const Place& pla
     const Point along{std::cos(turn), std::sin(turn), 0.0}, up{-along.y, along.x, 0.0};
     const double rowHeight = 2.0 * height;
 
-    std::string text = drawing::text8(tags.text(1));
-    for (std::size_t at; (at = text.find("^J")) != text.npos;) text.replace(at, 2, "\n");
+    const std::string text = drawing::text8(tags.text(1));
     // The first row stands beside the insertion point, the others below it.
     Point left = tags.point(10);
     for (const std::string& row : split(text, "\n")) {
@@ -58,6 +57,7 @@ void Painter::tolerance(const Record& record, const Look& look, const Place& pla
             drawing::MTextView view;
             view.text = cell;
             view.height = height;
+            view.style = settings.textStyle();
             view.rotation = turn;
             constexpr int kMiddleLeft = 4;
             view.attachment = kMiddleLeft;
