@@ -12,12 +12,12 @@ Record::Record(std::string_view typeName, Family family) : kind_(kindOf(typeName
 Record::Record(const Record& other)
     : handle(other.handle),
       owner(other.owner),
+      tags(other.tags),
       erased(other.erased),
       undone(other.undone),
-      tags(other.tags),
-      extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr),
       kind_(other.kind_),
-      family_(other.family_)
+      family_(other.family_),
+      extras_(other.extras_ ? std::make_unique<Extras>(*other.extras_) : nullptr)
 {
 }
 

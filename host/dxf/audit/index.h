@@ -7,6 +7,7 @@
 #include "audit/report.h"
 #include "drawing/drawing.h"
 
+#include <deque>
 #include <set>
 #include <unordered_map>
 
@@ -110,7 +111,7 @@ private:
     Report& report_;
     bool marked_ = true;
     Handle largest_ = 0;
-    std::vector<Known> known_;
+    std::deque<Known> known_;    // grows without moving
     drawing::HandleMap handles_; // to places in known_
     std::vector<std::string> types_;
     std::unordered_map<std::string, std::uint16_t> typePlaces_;

@@ -69,11 +69,12 @@ public:
 
     Handle handle = 0;
     Handle owner = 0;
-    bool erased = false;
-    bool undone = false; // its making was taken back: it was never there
     /// All groups but handle, owner, extension dictionary, persistent reactors, extended data and
     /// dictionary entries. A group 0 at the front is the name of an unknown type.
     TagList tags;
+    // Small members stand together: a drawing has millions of records.
+    bool erased = false;
+    bool undone = false; // its making was taken back: it was never there
 
     /// First group behind the name of an unknown type.
     TagList::Iterator body() const;
@@ -96,9 +97,9 @@ public:
     std::string_view name() const { return tags.text(2); }
 
 private:
-    std::unique_ptr<Extras> extras_;
     Kind kind_ = Kind::other;
     Family family_ = Family::object;
+    std::unique_ptr<Extras> extras_;
 };
 
 } // namespace orvald::drawing

@@ -39,7 +39,7 @@ struct Audit
 /// it (references, names).
 using TellProblem = std::function<void(const Problem&)>;
 
-/// The file passes through; what is kept of a record is some 50 bytes.
+/// The file passes through; what is kept of a record is some 40 bytes.
 Audit audit(const std::string& path, const TellProblem& tell = {});
 /// Text in memory; it is read only during the call.
 Audit auditText(std::string_view text, const TellProblem& tell = {});
