@@ -163,6 +163,7 @@ void Drawing::dropChildren(Index owner)
         mine.previous = mine.next = kNone;
     }
     extras.firstChild = extras.lastChild = kNone;
+    livingEnds_.forget();
 }
 
 Index Drawing::addBlock(std::string_view name, Point base)
@@ -268,6 +269,7 @@ bool Drawing::setErased(Index index, bool erased)
     if (at(index).erased == erased || at(index).undone) return false;
     Record& record = edit(index);
     record.erased = erased;
+    if (!erased) livingEnds_.forget();
     TableId table{};
     if (record.family() == Family::object) {
         const Index owner = byHandle(record.owner);

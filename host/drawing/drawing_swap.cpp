@@ -59,6 +59,7 @@ bool Drawing::swapRecords(Index a, Index b, bool xdataStays, bool dictionaryStay
     const std::vector<Handle> ownedByB = ownedBy(at(b), !dictionaryStays);
     Record &first = edit(a), &second = edit(b);
     std::swap(first, second);
+    livingEnds_.forget(); // one of the two may be erased
     std::swap(first.handle, second.handle);
     std::swap(first.owner, second.owner);
     Extras &mine = first.needExtras(), &theirs = second.needExtras();

@@ -34,14 +34,14 @@ ErrNo EntityFunctions::entNext(ObjectId id, ObjectId& next) const
     Index block = kNone; // whose entities are being walked
     if (id.isNull()) {
         block = drawing_.modelSpace();
-        found = block == kNone ? kNone : alive(drawing_, drawing_.firstChild(block));
+        found = block == kNone ? kNone : drawing_.firstLiving(block);
     } else {
         const Index index = drawing_.indexOf(id);
         if (index == kNone || !drawing_.at(index).isEntity()) return ErrNo::badName;
         const Record& record = drawing_.at(index);
         block = drawing_.blockOf(index);
         if (record.kind() == Kind::block) {
-            found = block == kNone ? kNone : alive(drawing_, drawing_.firstChild(block));
+            found = block == kNone ? kNone : drawing_.firstLiving(block);
         } else {
             if (hasParts(record.kind()) && !record.erased)
                 found = alive(drawing_, drawing_.firstChild(index));
@@ -55,7 +55,7 @@ ErrNo EntityFunctions::entNext(ObjectId id, ObjectId& next) const
     // Behind the model comes the active sheet.
     if (found == kNone && block != kNone && block == drawing_.modelSpace()) {
         const Index sheet = drawing_.paperSpace();
-        if (sheet != kNone) found = alive(drawing_, drawing_.firstChild(sheet));
+        if (sheet != kNone) found = drawing_.firstLiving(sheet);
     }
     next = drawing_.idOf(found);
     return ErrNo::none;
@@ -65,8 +65,7 @@ ObjectId EntityFunctions::entLast() const
 {
     const Index spaces[] = {drawing_.currentSpace(), drawing_.modelSpace(), drawing_.paperSpace()};
     for (const Index space : spaces) {
-        Index last = space == kNone ? kNone : drawing_.lastChild(space);
-        while (last != kNone && drawing_.at(last).erased) last = drawing_.previous(last);
+        const Index last = space == kNone ? kNone : drawing_.lastLiving(space);
         if (last != kNone) return drawing_.idOf(last);
     }
     return {};

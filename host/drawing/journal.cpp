@@ -118,6 +118,7 @@ void Journal::exchange(Step& step)
     if (step.header != nullptr) drawing_.header.swapValues(*step.header);
     std::swap(drawing_.nextHandle_, step.nextHandle);
     std::swap(drawing_.root_, step.root);
+    drawing_.livingEnds_.forget();
     ++drawing_.changes_;
 }
 

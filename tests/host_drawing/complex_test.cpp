@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace orvald::drawing;
 
 namespace {
@@ -229,6 +231,39 @@ TEST(Dictionaries, RefuseWhatWouldBreakThemAndWalkInKeyOrder)
     EXPECT_EQ(removed, object);
     EXPECT_EQ(f.record(object).owner, 0u);
     EXPECT_EQ(f.functions.dictAdd(dictionary, u"again", object), ErrNo::none);
+}
+
+TEST(Walk, EndsAreThoseThatASearchFindsWhateverWasErasedAndCameBack)
+{
+    Fixture f;
+    const Index space = f.drawing->modelSpace();
+    const auto ends = [&] {
+        ObjectId front, back;
+        for (Index at = f.drawing->firstChild(space); at != kNone; at = f.drawing->next(at)) {
+            if (f.drawing->at(at).erased) continue;
+            if (front.isNull()) front = f.drawing->idOf(at);
+            back = f.drawing->idOf(at);
+        }
+        return std::pair(front, back);
+    };
+    std::mt19937 random(7);
+    std::vector<ObjectId> made;
+    Journal& journal = f.drawing->journal();
+    for (int round = 0; round < 3000; ++round) {
+        const auto what = random() % 12;
+        if (what < 3 || made.empty()) made.push_back(f.make("0 POINT|10 0 0 0"));
+        else if (what < 7) f.functions.entDel(first(f).isNull() ? made.back() : first(f));
+        else if (what < 10) {
+            const ObjectId last = f.functions.entLast();
+            f.functions.entDel(last.isNull() ? made.front() : last);
+        } else if (what == 10) {
+            f.functions.entDel(made[random() % made.size()]); // erases or restores
+        } else {
+            journal.undo(1);
+        }
+        journal.step();
+        ASSERT_EQ(std::pair(first(f), f.functions.entLast()), ends()) << "round " << round;
+    }
 }
 
 TEST(HandEnt, FindsErasedObjectsAndRefusesRubbish)

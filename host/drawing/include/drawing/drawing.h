@@ -7,6 +7,7 @@
 #include "drawing/handle_map.h"
 #include "drawing/header.h"
 #include "drawing/journal.h"
+#include "drawing/living_ends.h"
 #include "drawing/object_id.h"
 #include "drawing/record.h"
 
@@ -127,6 +128,9 @@ public:
     void appendChild(Index owner, Index child);
     Index firstChild(Index owner) const;
     Index lastChild(Index owner) const;
+    /// The same of those that are not erased.
+    Index firstLiving(Index owner) const { return livingEnds_.first(*this, owner); }
+    Index lastLiving(Index owner) const { return livingEnds_.last(*this, owner); }
     /// Neighbours under the same owner, erased ones included; kNone at the ends.
     Index next(Index child) const { return slot(child).next; }
     Index previous(Index child) const { return slot(child).previous; }
@@ -285,6 +289,7 @@ private:
     std::unique_ptr<Journal> journal_;
     std::uint32_t step_ = 0; // present step of the journal, 0 without one
     Index firstNew_ = 0;     // places from here on are new in that step
+    mutable LivingEnds livingEnds_;
     bool watching_ = false;
     std::vector<Touched> touched_;
 };
