@@ -87,7 +87,7 @@ Repl::Repl(Session& session, const Options& options, Watchdog& watchdog)
 {
     if (!atTerminal_) return;
     editor_ = makeLineEditor([this](std::string_view line) {
-        return complete(session_, entry_.empty() ? std::string(line) : entry_ + std::string(line));
+        return complete(session_, entry_ + std::string(line));
     });
     if (editor_ == nullptr) return;
     for (const std::string& entry : history_.load()) editor_->remember(entry);

@@ -114,6 +114,7 @@ void Watchdog::rest()
 {
     const std::lock_guard lock(mutex_);
     resting_ = true;
+    Session::setStop(false);
 }
 
 int Watchdog::status()

@@ -34,7 +34,7 @@ public:
 
     /// The time begins anew; a stop is taken back.
     void restart();
-    /// Nothing runs until the next restart.
+    /// Nothing runs until the next restart; a stop is taken back.
     void rest();
 
     /// The exit status for the limit that was passed since the last restart, 0 when none was.
