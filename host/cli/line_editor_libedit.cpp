@@ -10,6 +10,7 @@
 #include <cstring>
 #include <histedit.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace orvald::cli {
@@ -28,6 +29,32 @@ public:
 
 private:
     locale_t before_;
+};
+
+/// Ctrl-C, Ctrl-D and Ctrl-Z are keys like others. libedit sees to that when it reads, which is
+/// after it has shown the prompt; here it begins before, so that no key falls in between.
+class KeysScope
+{
+public:
+    KeysScope() : known_(tcgetattr(STDIN_FILENO, &before_) == 0)
+    {
+        if (!known_) return;
+        termios keys = before_;
+        keys.c_lflag &= ~static_cast<tcflag_t>(ISIG | ICANON | ECHO);
+        keys.c_cc[VMIN] = 1;
+        keys.c_cc[VTIME] = 0;
+        tcsetattr(STDIN_FILENO, TCSADRAIN, &keys);
+    }
+    ~KeysScope()
+    {
+        if (known_) tcsetattr(STDIN_FILENO, TCSADRAIN, &before_);
+    }
+    KeysScope(const KeysScope&) = delete;
+    KeysScope& operator=(const KeysScope&) = delete;
+
+private:
+    termios before_ = {};
+    bool known_;
 };
 
 /// A byte in the middle of a character.
@@ -130,7 +157,6 @@ void EditLineEditor::bindKeys()
         {"\\e[1;5D", "ed-prev-word"},
     };
     for (const auto& [key, function] : kKeys) el_set(edit_, EL_BIND, key, function, nullptr);
-    // While a line is edited Ctrl-C and Ctrl-Z are keys; when a program runs they are signals.
     el_set(edit_, EL_SETTY, "-d", "-isig", nullptr);
 }
 
@@ -156,6 +182,7 @@ unsigned char EditLineEditor::onSuspend(EditLine*, int)
 LineEditor::Got EditLineEditor::read(const std::string& prompt, std::string& line)
 {
     const Utf8Scope utf8(locale_);
+    const KeysScope keys;
     prompt_ = prompt;
     dropped_ = false;
     int count = 0;

@@ -96,8 +96,12 @@ Repl::Repl(Session& session, const Options& options, Watchdog& watchdog)
 Repl::Got Repl::nextLine(std::string& line)
 {
     const char* const prompt = scanner_.isOpen() ? kContinued : kPrompt;
-    if (editor_ != nullptr) return editor_->read(prompt, line);
     armInterrupt();
+    if (editor_ != nullptr) {
+        const Got got = editor_->read(prompt, line);
+        // Ctrl-C just before the editor took the keyboard came as a signal.
+        return session_.takeInterrupt() && got == Got::end ? Got::dropped : got;
+    }
     if (atTerminal_) std::fputs(prompt, stderr);
     if (std::optional<std::string> typed = session_.typedLine()) {
         line = std::move(*typed);

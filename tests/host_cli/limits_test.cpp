@@ -163,8 +163,7 @@ TEST_F(Limits, EntitiesMayGoWhileAProgramWalks)
 TEST_F(Limits, CtrlCEndsALoopAndAPromptWithTheCalls)
 {
     write("loop.lsp", "(defun f () (while T))\n(f)\n");
-    const std::string interrupted =
-        "timeout --foreground --preserve-status -s INT 0.5 " + program();
+    const std::string interrupted = "timeout --foreground --preserve-status -s INT 1 " + program();
     const Result loop = shell(interrupted + " run loop.lsp --no-kernel");
     EXPECT_EQ(loop.status, 130);
     expectSaid(loop, {"interrupted\n  in (F)   loop.lsp:2\n"});

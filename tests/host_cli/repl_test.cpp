@@ -130,8 +130,9 @@ TEST_F(Repl, UserAtATerminalHasPromptsAndCanStopWhatRuns)
     EXPECT_TRUE(user.answers("(car a)\r", "error: bad argument type: consp \"Maß\"\n"
                                           "(,bt shows the calls that led to it)\norvald> "))
         << user.seen();
-    user.type("(while T)\r");
-    usleep(300'000);
+    EXPECT_TRUE(user.answers("(princ \"\\nbegun\\n\") (while T)\r", "\nbegun\n")) << user.seen();
+    EXPECT_TRUE(user.waitFor("\"\\nbegun\\n\"\n")) << user.seen(); // the value; then the loop
+    usleep(100'000);
     EXPECT_TRUE(user.answers("\x03", "interrupted\norvald> ")) << user.seen();
     EXPECT_TRUE(user.answers("(getstring \"Name: \")\r", "\nName: ")) << user.seen();
     EXPECT_TRUE(user.answers("Eva\r", "\"Eva\"\norvald> ")) << user.seen();

@@ -53,7 +53,7 @@ public:
     {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
         while (seen_.find(text) == std::string::npos) {
-            if (std::chrono::steady_clock::now() > end || !readMore()) return false;
+            if (std::chrono::steady_clock::now() > end || !readMore(10'000)) return false;
         }
         return true;
     }
@@ -65,21 +65,22 @@ public:
     }
     /// What has come since the last keys.
     const std::string& seen() const { return seen_; }
-    /// The exit status, -1 for none.
+    /// The exit status, -1 where the program does not end by itself in some seconds.
     int end()
     {
-        while (readMore()) {
-        }
         int status = 0;
-        ended_ = waitpid(child_, &status, 0) == child_;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        for (int i = 0; i < 1000 && !ended_; ++i) {
+            if (!readMore(10)) usleep(10'000);
+            ended_ = waitpid(child_, &status, WNOHANG) == child_;
+        }
+        return ended_ && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
 private:
-    bool readMore()
+    bool readMore(int milliseconds)
     {
         pollfd wait = {file_, POLLIN, 0};
-        if (poll(&wait, 1, 10'000) <= 0) return false;
+        if (poll(&wait, 1, milliseconds) <= 0) return false;
         char bytes[4096];
         const ssize_t count = read(file_, bytes, sizeof bytes);
         if (count <= 0) return false;
