@@ -10,6 +10,19 @@ namespace {
 
 int linesTyped = 0;
 
+/// A line of a terminal. What was pasted while a line editor had the terminal ends with the key's
+/// own code. Nothing behind the line is taken, for the editor reads on there.
+bool readKeys(std::string& line)
+{
+    std::setvbuf(stdin, nullptr, _IONBF, 0);
+    char key = 0;
+    while (std::cin.get(key)) {
+        if (key == '\n' || key == '\r') return true;
+        line += key;
+    }
+    return !line.empty();
+}
+
 } // namespace
 
 void InputSource::setAnswers(std::vector<std::string> lines)
@@ -31,7 +44,9 @@ std::optional<std::string> InputSource::nextLine()
 std::optional<std::string> InputSource::typedLine()
 {
     std::string line;
-    if (!std::getline(std::cin, line)) {
+    const bool read = isatty(STDIN_FILENO) == 1 ? readKeys(line)
+                                                : static_cast<bool>(std::getline(std::cin, line));
+    if (!read) {
         std::cin.clear(); // a signal, or Ctrl-D on a terminal: the next prompt reads again
         std::clearerr(stdin);
         return std::nullopt;

@@ -136,6 +136,10 @@ TEST_F(Repl, UserAtATerminalHasPromptsAndCanStopWhatRuns)
     EXPECT_TRUE(user.answers("\x03", "interrupted\norvald> ")) << user.seen();
     EXPECT_TRUE(user.answers("(getstring \"Name: \")\r", "\nName: ")) << user.seen();
     EXPECT_TRUE(user.answers("Eva\r", "\"Eva\"\norvald> ")) << user.seen();
+    // pasted: a form, the answers that it wants, and more forms
+    EXPECT_TRUE(user.answers("(+ (getint) (getint))\r40\r2\r(list\r(* 7 7))\r", "\n(49)\norvald> "))
+        << user.seen();
+    EXPECT_NE(user.seen().find("42\norvald> "), std::string::npos) << user.seen();
     EXPECT_TRUE(user.answers("(list 1\r", "...> ")) << user.seen();
     EXPECT_TRUE(user.answers("\x03", "orvald> ")) << user.seen();
     EXPECT_TRUE(user.answers("(strlen a)\r", "\n3\norvald> ")) << user.seen();
