@@ -39,6 +39,7 @@ std::string_view Parser::plainText()
 void Parser::run()
 {
     if (!in_.next()) in_.fail("the file is empty");
+    if (in_.hasMark()) handler_.warn(1, "a byte order mark is left out");
     while (!in_.is(0, "EOF")) {
         if (!in_.is(0, "SECTION")) in_.fail("a section must begin here");
         need();

@@ -59,7 +59,10 @@ bool TagReader::nextText()
                 fail("cannot be read: " + std::generic_category().message(lines_.error()));
             return false;
         }
-        if (lines_.number() == 1 && text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+        if (lines_.number() == 1 && text.starts_with("\xEF\xBB\xBF")) {
+            text.remove_prefix(3);
+            hasMark_ = true;
+        }
         const char* at = text.data();
         const char* end = at + text.size();
         while (at != end && (*at == ' ' || *at == '\t')) ++at;

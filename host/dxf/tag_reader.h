@@ -28,6 +28,8 @@ public:
     bool is(int code, std::string_view value) const { return code_ == code && value_ == value; }
     /// Line of the group code; in a binary file the one that it would have as text.
     std::uint64_t line() const { return line_; }
+    /// The text begins with a byte order mark; known from the first group on.
+    bool hasMark() const { return hasMark_; }
     /// How many lines stand behind the present group, empty ones left out, and the first of them.
     std::uint64_t linesBehind(std::uint64_t& first);
     /// Ends the reading at the present group.
@@ -55,7 +57,8 @@ private:
     LineSource& lines_;
     Form form_ = Form::text;
     bool codeRead_ = false; // the first group code has been read
-    std::string shown_;     // value of a binary group
+    bool hasMark_ = false;
+    std::string shown_; // value of a binary group
     std::string_view value_;
     std::uint64_t line_ = 0;
     int code_ = DxfError::kNoGroup;

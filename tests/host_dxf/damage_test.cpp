@@ -188,6 +188,135 @@ TEST(Damage, WhatCanBeMendedIsMendedAndTold)
     }
 }
 
+TEST(Damage, WhatBreaksReadersEndsWithItsLineOrIsMended)
+{
+    struct Case
+    {
+        std::string_view name;
+        std::string text;
+        std::string_view told; // of the refusal or a warning; "" when there is nothing wrong
+        bool refused = false;
+    };
+    const std::string good = newText();
+    const std::string line = entity(kLine);
+    const std::string bom = "\xEF\xBB\xBF";
+    const auto without = [&](std::string_view section) {
+        const std::size_t at = good.find(groups("0 SECTION|2 " + std::string(section)));
+        return std::string(good).erase(at, good.find("  0\nENDSEC\n", at) + 11 - at);
+    };
+    const auto withoutTable = [&](std::string_view table) {
+        const std::size_t at = good.find(groups("0 TABLE|2 " + std::string(table)));
+        return std::string(good).erase(at, good.find("  0\nENDTAB\n", at) + 11 - at);
+    };
+    const std::string xrecord = "0 XRECORD|5 A1|330 C|100 AcDbXrecord|280 1|";
+    const std::string block = "0 BLOCK|5 A2|330 A1|8 0|2 B|70 0|10 0.0|20 0.0|30 0.0|3 B|1|";
+    const Case cases[] = {
+        // Groups where their record has none, and data on records that have none.
+        {"points first", entity("0 LWPOLYLINE|5 A1|330 1F|10 1.0|20 2.0|42 1.0|90 3"), ""},
+        {"no container", entity("0 VERTEX|5 A1|330 1F|42 1.0|10 1.0"), "stands alone", true},
+        {"edge without path",
+         entity("0 HATCH|5 A1|330 1F|100 AcDbHatch|93 4|72 3|10 1.0|73 1|94 5"), ""},
+        {"xdata on a head",
+         replaced(good, groups("0 ENDTAB|0 TABLE|2 LAYER"),
+                  groups("1001 ACAD|1070 1|0 ENDTAB|0 TABLE|2 LAYER")),
+         ""},
+        {"xdata on a class",
+         replaced(good, groups("0 ENDSEC|0 SECTION|2 TABLES"),
+                  groups("0 CLASS|1 X|2 Y|3 Z|90 0|91 0|280 0|281 0|1001 ACAD|1000 x|"
+                         "0 ENDSEC|0 SECTION|2 TABLES")),
+         ""},
+        {"long binary", entity("0 POINT|5 A1|330 1F|1001 ACAD|1004 " + std::string(100000, 'A')),
+         ""},
+        {"odd binary", entity("0 POINT|5 A1|330 1F|1001 ACAD|1004 ABC"), "not hexadecimal"},
+        {"xdata alone", entity("0 POINT|5 A1|330 1F|1000 x|1002 }|1070 5"), ""},
+        // Numbers.
+        {"a blank exponent", replaced(line, "7.25", "1.000000E 20"), "is no number", true},
+        {"no number", replaced(line, "7.25", ""), "is no number", true},
+        {"two dots", replaced(line, "7.25", "1.2.3"), "is no number", true},
+        {"hexadecimal", replaced(line, "7.25", "0x10"), "is no number", true},
+        {"infinite angle", entity("0 ARC|5 A1|330 1F|50 inf"), "is not finite", true},
+        {"huge angle",
+         entity("0 ARC|5 A1|330 1F|100 AcDbCircle|10 0.0|20 0.0|40 1.0|100 AcDbArc|50 1e308|51 "
+                "-1e308"),
+         ""},
+        // Circles of references.
+        {"block in itself",
+         intoSection(good, "BLOCKS",
+                     groups(block + "0 INSERT|5 A3|330 A1|8 0|2 B|10 1.0|20 0.0|0 ENDBLK|5 A4")),
+         "no BLOCK_RECORD"},
+        {"owners in a circle",
+         object(xrecord +
+                "1 x|0 XRECORD|5 A2|330 A3|100 AcDbXrecord|0 XRECORD|5 A3|330 A2|100 AcDbXrecord"),
+         ""},
+        {"own owner", object("0 XRECORD|5 A1|330 A1|100 AcDbXrecord"), ""},
+        {"own dictionary",
+         object("0 DICTIONARY|5 A1|102 {ACAD_XDICTIONARY|360 A1|102 }|330 A1|100 AcDbDictionary"),
+         ""},
+        // Handles.
+        {"above the seed", entity("0 POINT|5 FFFFFF|330 1F|8 0|10 0.0|20 0.0"), ""},
+        {"largest", entity("0 POINT|5 FFFFFFFFFFFFFFFE|330 1F|8 0|10 0.0|20 0.0"), "is no handle",
+         true},
+        {"shared extension",
+         object("0 XRECORD|5 A1|102 {ACAD_XDICTIONARY|360 A3|102 }|330 C|100 AcDbXrecord|0 "
+                "XRECORD|5 A2|"
+                "102 {ACAD_XDICTIONARY|360 A3|102 }|330 C|100 AcDbXrecord|0 DICTIONARY|5 A3|330 "
+                "A1|100 AcDbDictionary"),
+         "belongs to another"},
+        {"entry of another",
+         object("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary|3 one|350 A2|0 XRECORD|5 A2|330 D|100 "
+                "AcDbXrecord"),
+         "something else than its dictionary"},
+        // Missing parts.
+        {"no header", without("HEADER"), "without a header", true},
+        {"no objects", without("OBJECTS"), "no root dictionary"},
+        {"no tables", without("TABLES"), "is missing"},
+        {"no blocks", without("BLOCKS"), "has no definition"},
+        {"no layers", withoutTable("LAYER"), "table LAYER is missing"},
+        {"no block records", withoutTable("BLOCK_RECORD"), "no BLOCK_RECORD"},
+        {"nameless block",
+         intoSection(good, "BLOCKS", groups("0 BLOCK|5 A1|8 0|2|70 0|0 ENDBLK|5 A2")),
+         "no BLOCK_RECORD"},
+        {"block without a name",
+         intoSection(good, "BLOCKS", groups("0 BLOCK|5 A1|8 0|70 0|0 ENDBLK|5 A2")),
+         "no BLOCK_RECORD"},
+        {"root not first",
+         replaced(good, groups("2 OBJECTS"),
+                  groups("2 OBJECTS|0 XRECORD|5 A1|330 C|100 AcDbXrecord|280 1")),
+         ""},
+        // Texts.
+        {"byte order mark", bom + good, "byte order mark"},
+        {"NUL",
+         replaced(line, groups("8 0|100 AcDbLine"), std::string("  8\n\0\n100\nAcDbLine\n", 19)),
+         ""},
+        {"raw line end",
+         replaced(line, groups("8 0|100 AcDbLine"), groups("8 zwei\nZeilen|100 AcDbLine")),
+         "is no group code", true},
+        {"bytes in an xrecord", object(xrecord + "1 \xFF\xFE\x80|300 \xC3"), "not in UTF-8"},
+        // What good files have.
+        {"comments",
+         replaced(line, groups("8 0|100 AcDbLine"), groups("999 why|8 0|999|100 AcDbLine")), ""},
+        {"67 on ENDBLK",
+         intoSection(good, "BLOCKS", groups(block + "0 ENDBLK|5 A4|330 1F|67 1|8 0")),
+         "no BLOCK_RECORD"},
+        {"MTEXT with a rotation",
+         entity("0 MTEXT|5 A1|330 1F|100 AcDbEntity|8 0|100 AcDbMText|10 0.0|20 0.0|40 1.0|1 x|50 "
+                "90.0"),
+         ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const Loaded loaded = loadText(c.text);
+        auditText(c.text);
+        expectSound(loaded);
+        EXPECT_EQ(loaded.drawing == nullptr, c.refused) << loaded.error.message();
+        std::string told = loaded.error.message();
+        for (const Warning& warning : loaded.warnings) told += "\n" + warning.text;
+        EXPECT_NE(told.find(c.told), std::string::npos) << told;
+        EXPECT_EQ(loaded.warnings.empty() && !c.refused, c.told.empty()) << told;
+        EXPECT_TRUE(!c.refused || loaded.error.line != 0) << told;
+    }
+}
+
 TEST(Damage, CountsThatLieAndGroupsOutOfPlaceDoNoHarm)
 {
     for (const std::string_view count : {"-1", "2147483647", "1000000", "0"}) {

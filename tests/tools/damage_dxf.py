@@ -173,6 +173,7 @@ FAULTS = [
     ("record_outside", "structure", lambda d: d.insert(len(d.groups) - 1, NEW_LINE.format("1F"))),
     ("foreign_record", "structure", lambda d: d.set(d.layer("LAYER_1"), 0, "STYLE", "LAYER")),
     ("text_as_code", "unreadable", lambda d: d.groups.insert(line(d)[0], [9999, "one"])),
+    ("byte_order_mark", "byte-order-mark", lambda d: d.groups[0].__setitem__(0, "\ufeff  0")),
     ("unknown_group", "unknown-group", lambda d: d.insert(line(d)[1], "150 1")),
     ("not_whole", "not-whole", lambda d: d.insert(d.inside(line(d), 8), "62 red")),
     ("out_of_range", "out-of-range", lambda d: d.insert(d.inside(line(d), 8), "62 70000")),

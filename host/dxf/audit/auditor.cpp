@@ -128,6 +128,9 @@ void Auditor::run()
         return;
     }
     if (record_.empty()) return report_.error("structure", "the file is empty");
+    if (in_.hasMark())
+        report_.add(
+            {true, "byte-order-mark", 1, 0, "a byte order mark in front of the first group"});
     if (!ended) {
         endRecord();
         report_.error("structure", "the file ends without EOF");
