@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: LicenseRef-ORVALD
-// Dictionary entries: a sorted run with a short unsorted tail, so that many additions in a row do
-// not move all entries each time.
+// Dictionary entries: sorted runs that are merged as they grow, so that many additions in a row, in
+// whatever order, do not move all entries each time.
 #include "drawing/dictionary.h"
 
 #include "drawing/text.h"
 
-#include <algorithm>
 #include <charconv>
 
 namespace orvald::drawing {
 namespace {
-
-constexpr std::size_t kLongestTail = 64;
 
 bool keyLess(const Dictionary::Entry& a, const Dictionary::Entry& b)
 {
@@ -30,26 +27,32 @@ std::uint64_t anonymousNumber(std::string_view key)
 
 } // namespace
 
+void Dictionary::mergeLastRun() const
+{
+    const auto middle = entries_.begin() + static_cast<std::ptrdiff_t>(runs_.back());
+    runs_.pop_back();
+    std::inplace_merge(entries_.begin() + static_cast<std::ptrdiff_t>(startOfLastRun()), middle,
+                       entries_.end(), keyLess);
+}
+
 void Dictionary::settle() const
 {
-    if (sorted_ == entries_.size()) return;
-    const auto middle = entries_.begin() + static_cast<std::ptrdiff_t>(sorted_);
-    std::sort(middle, entries_.end(), keyLess);
-    std::inplace_merge(entries_.begin(), middle, entries_.end(), keyLess);
-    sorted_ = entries_.size();
+    while (!runs_.empty()) mergeLastRun();
 }
 
 std::size_t Dictionary::position(std::string_view key) const
 {
-    const auto run = entries_.begin() + static_cast<std::ptrdiff_t>(sorted_);
-    const auto found =
-        std::lower_bound(entries_.begin(), run, key, [](const Entry& e, std::string_view wanted) {
-            return compareNames(e.key, wanted) < 0;
-        });
-    if (found != run && sameName(found->key, key))
-        return static_cast<std::size_t>(found - entries_.begin());
-    for (std::size_t i = sorted_; i < entries_.size(); ++i)
-        if (sameName(entries_[i].key, key)) return i;
+    for (std::size_t run = 0; run <= runs_.size(); ++run) {
+        const std::size_t start = run == 0 ? 0 : runs_[run - 1];
+        const std::size_t stop = run == runs_.size() ? entries_.size() : runs_[run];
+        const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(stop);
+        const auto found = std::lower_bound(entries_.begin() + static_cast<std::ptrdiff_t>(start),
+                                            end, key, [](const Entry& e, std::string_view wanted) {
+                                                return compareNames(e.key, wanted) < 0;
+                                            });
+        if (found != end && sameName(found->key, key))
+            return static_cast<std::size_t>(found - entries_.begin());
+    }
     return entries_.size();
 }
 
@@ -77,17 +80,21 @@ const Dictionary::Entry* Dictionary::find(Handle object) const
 
 bool Dictionary::load(std::string_view key, Handle object, bool hard)
 {
-    const bool inOrder = sorted_ == entries_.size() &&
-                         (entries_.empty() || compareNames(entries_.back().key, key) < 0);
-    if (!inOrder) {
+    const bool follows = entries_.empty() || compareNames(entries_.back().key, key) < 0;
+    if (!follows || !runs_.empty()) {
         if (position(key) != entries_.size()) return false;
         inFileOrder_ = true;
     }
     lastAnonymous_ = std::max(lastAnonymous_, anonymousNumber(key));
+    if (!follows) runs_.push_back(entries_.size());
     entries_.push_back(
         {std::string(key), object, hard, static_cast<std::uint32_t>(entries_.size())});
-    if (inOrder) sorted_ = entries_.size();
-    else if (entries_.size() - sorted_ > kLongestTail) settle();
+    while (!runs_.empty()) {
+        const std::size_t last = entries_.size() - runs_.back();
+        const std::size_t before = runs_.back() - (runs_.size() == 1 ? 0 : runs_[runs_.size() - 2]);
+        if (before >= 2 * last) break;
+        mergeLastRun();
+    }
     return true;
 }
 
@@ -112,10 +119,10 @@ bool Dictionary::setObject(std::string_view key, Handle object)
 
 bool Dictionary::remove(std::string_view key)
 {
+    settle();
     const std::size_t at = position(key);
     if (at == entries_.size()) return false;
     entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(at));
-    if (at < sorted_) --sorted_;
     return true;
 }
 

@@ -4,6 +4,8 @@
 // forms that the host still reads.
 #include "mend.h"
 
+#include <algorithm>
+
 namespace orvald::dxf {
 
 using namespace drawing;
@@ -33,18 +35,18 @@ void widenCounts(Record& record)
 {
     const bool proxy = record.kind() == Kind::proxyEntity || record.kind() == Kind::proxyObject;
     std::string_view marker;
-    for (auto it = record.tags.begin(); it != record.tags.end(); ++it) {
-        const Tag tag = *it;
+    TagList wide;
+    bool changed = false;
+    for (const Tag tag : record.tags) {
         if (tag.code() == 100) marker = tag.text();
         const bool inProxy = proxy && (marker == "AcDbProxyEntity" || marker == "AcDbProxyObject");
         const bool countsGraphics = tag.code() == 92 && (inProxy || marker == "AcDbEntity");
         const bool countsData = tag.code() == 93 && inProxy;
-        if (!countsGraphics && !countsData) continue;
-        const auto offset = it.at() - record.tags.begin().at();
-        renumber(record.tags, it, countsGraphics ? 160 : 161);
-        it = TagList::Iterator(record.tags.begin().at() + offset);
-        marker = countsGraphics && !inProxy ? "AcDbEntity" : "AcDbProxyEntity";
+        if (countsGraphics || countsData) wide.addInteger(countsData ? 161 : 160, tag.integer());
+        else wide.add(tag);
+        changed = changed || countsGraphics || countsData;
     }
+    if (changed) record.tags = wide;
 }
 
 /// AC1032 splits a proxy's format (95: version in the low word, maintenance in the high one) into
@@ -79,24 +81,22 @@ bool dropEmbedded(Record& record)
 /// Before R13 dimension styles name the blocks of their arrows; now they point to block records.
 void pointToArrows(Drawing& drawing, Index index)
 {
-    struct Arrow
-    {
-        int was, is;
-    };
-    TagList& tags = drawing.edit(index).tags;
-    for (const Arrow& arrow : {Arrow{5, 342}, Arrow{6, 343}, Arrow{7, 344}}) {
-        for (auto place = tags.find(arrow.was); place != tags.end(); place = tags.find(arrow.was)) {
-            std::string name((*place).text());
-            if (!name.empty() && drawing.findRecord(TableId::blockRecord, name) == kNone)
-                name.insert(0, "_"); // the host's own arrows
-            const Index block =
-                name.empty() ? kNone : drawing.findRecord(TableId::blockRecord, name);
-            TagList fresh;
-            if (block != kNone) fresh.addHandle(arrow.is, drawing.at(block).handle);
-            if (fresh.empty()) tags.erase(place);
-            else tags.replace(place, fresh);
+    constexpr int groups[][2] = {{5, 342}, {6, 343}, {7, 344}}; // as it was, as it is
+    TagList fresh;
+    for (const Tag tag : drawing.at(index).tags) {
+        const auto* arrow = std::find_if(std::begin(groups), std::end(groups),
+                                         [&](const int* group) { return group[0] == tag.code(); });
+        if (arrow == std::end(groups)) {
+            fresh.add(tag);
+            continue;
         }
+        std::string name(tag.text());
+        if (!name.empty() && drawing.findRecord(TableId::blockRecord, name) == kNone)
+            name.insert(0, "_"); // the host's own arrows
+        const Index block = name.empty() ? kNone : drawing.findRecord(TableId::blockRecord, name);
+        if (block != kNone) fresh.addHandle((*arrow)[1], drawing.at(block).handle);
     }
+    drawing.edit(index).tags = fresh;
 }
 
 /// Solids, regions, and surfaces, which are none of the kinds that are known by name.

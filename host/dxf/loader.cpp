@@ -157,8 +157,9 @@ void Loader::tableRecord(Index index, std::uint64_t line)
         // Names elsewhere mean the first one; this one stays reachable under another name.
         const std::string taken(record.name());
         std::string other;
-        for (int i = 1; other.empty() || drawing_.findRecord(table, other) != kNone; ++i)
-            other = taken + "_" + std::to_string(i);
+        int& number = renamed_[nameKey(taken)];
+        while (other.empty() || drawing_.findRecord(table, other) != kNone)
+            other = taken + "_" + std::to_string(++number);
         TagList fresh;
         fresh.addText(2, other);
         TagList& tags = drawing_.edit(index).tags;

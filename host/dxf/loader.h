@@ -66,6 +66,7 @@ private:
     Warnings& warnings_;
     bool old_ = false;
     std::vector<Index> unnamed_;
+    std::unordered_map<std::string, int> renamed_; // keys of table records, last number behind them
     Section section_ = Section::tables;
     Index openBlock_ = drawing::kNone;  // block record between BLOCK and ENDBLK
     Index openEntity_ = drawing::kNone; // complex entity that waits for parts

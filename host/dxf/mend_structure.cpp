@@ -92,19 +92,24 @@ private:
     /// Entries whose object is missing, no object or the dictionary itself go.
     void mendEntries(Index index)
     {
-        std::vector<std::string> lost;
-        for (const Dictionary::Entry& entry : drawing_.at(index).dictionary()->entries()) {
+        const auto isLost = [&](const Dictionary::Entry& entry) {
             const Index object = drawing_.byHandle(entry.object);
-            if (object == kNone || object == index ||
-                drawing_.at(object).family() != Family::object)
-                lost.push_back(entry.key);
-            else if (drawing_.at(object).owner != drawing_.at(index).handle)
-                strangers_.emplace_back(index, object);
+            return object == kNone || object == index ||
+                   drawing_.at(object).family() != Family::object;
+        };
+        bool anyLost = false;
+        for (const Dictionary::Entry& entry : drawing_.at(index).dictionary()->entries()) {
+            if (!isLost(entry)) {
+                const Index object = drawing_.byHandle(entry.object);
+                if (drawing_.at(object).owner != drawing_.at(index).handle)
+                    strangers_.emplace_back(index, object);
+                continue;
+            }
+            anyLost = true;
+            warn(nameOf(index) + ": entry " + quoted(entry.key) +
+                 " names no object and is left out");
         }
-        for (const std::string& key : lost) {
-            warn(nameOf(index) + ": entry " + quoted(key) + " names no object and is left out");
-            drawing_.edit(index).needExtras().dictionary->remove(key);
-        }
+        if (anyLost) drawing_.edit(index).needExtras().dictionary->removeIf(isLost);
     }
 
     void mendExtension(Index index)

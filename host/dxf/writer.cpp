@@ -5,10 +5,12 @@
 
 #include "number_out.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace orvald::dxf {
 
@@ -337,6 +339,8 @@ void Writer::tableHead(TableId table)
     std::int64_t size = 0;
     for (const Index index : drawing_.tableRecords(table))
         size += drawing_.at(index).erased ? 0 : 1;
+    // The groups have 16 bits; readers take the number for a hint.
+    size = std::min<std::int64_t>(size, std::numeric_limits<std::int16_t>::max());
     present_ = head.handle;
     ++count_;
     text(0, "TABLE");

@@ -370,9 +370,37 @@ TEST(Damage, LongLinesManyTagsAndDeepNestsTakeLinearTime)
     }
     dictionaries.pop_back();
     expectSound(loadText(object(dictionaries)));
-    std::string markers = "0 NEW|5 A1|330 1F";
-    for (int i = 0; i < 20000; ++i) markers += "|100 M";
-    expectSound(loadText(entity(markers)));
+    // Many of what is looked up among its like: names, keys, handles, sections, groups.
+    const std::string good = newText();
+    const auto many = [](std::string_view first, auto next) {
+        std::string text(first);
+        for (int i = 0; i < 70000; ++i) text += next(std::to_string(100000 - i));
+        return text;
+    };
+    const auto same = [](std::string text) {
+        return [text = groups(text)](const std::string&) { return text; };
+    };
+    const std::string dictionary = groups("0 DICTIONARY|5 A1|330 C|100 AcDbDictionary");
+    const std::string point = groups("0 POINT|5 A1|330 1F");
+    for (const std::string& text :
+         {intoSection(good, "ENTITIES", many(groups("0 NEW|5 A1|330 1F"), same("100 M"))),
+          replaced(good, groups("0 ENDTAB|0 TABLE|2 STYLE"),
+                   many("", same("0 LAYER|2 X")) + groups("0 ENDTAB|0 TABLE|2 STYLE")),
+          intoSection(good, "OBJECTS",
+                      many(dictionary, [](auto i) { return "3\nK" + i + "\n350\nD\n"; })),
+          intoSection(good, "OBJECTS",
+                      many(dictionary, [](auto i) { return "3\nK" + i + "\n350\nDEAD\n"; })),
+          intoSection(good, "ENTITIES",
+                      many(point + groups("102 {ACAD_REACTORS"),
+                           [](auto i) { return "330\n" + i + "\n"; })),
+          replaced(good, groups("0 EOF"),
+                   many("", [](auto i) { return "0\nSECTION\n2\nS" + i + "\n0\nENDSEC\n"; }) +
+                       groups("0 EOF")),
+          intoSection(replaced(good, "AC1027", "AC1015"), "ENTITIES",
+                      many(point + groups("100 AcDbEntity|310 00"), same("92 1")))}) {
+        auditText(text);
+        expectSound(loadText(text));
+    }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 

@@ -206,18 +206,14 @@ void Auditor::beginSection()
     if (!section_.empty()) misplaced("though section " + section_ + " is not closed");
     const bool named = record_.size() > 1 && record_[1].code == 2;
     section_ = named ? std::string(record_[1].value) : "?";
-    if (contains(sections_, section_)) misplaced(section_ + " comes a second time");
+    if (!sections_.insert(section_).second) misplaced(section_ + " comes a second time");
     else if (!contains(kSections, section_) && !contains(kFurtherSections, section_))
         report_.add({false, "structure", record_.line(), 0, "unknown section " + section_});
-    const auto place = [](std::string_view name) {
-        return std::find(std::begin(kSections), std::end(kSections), name);
-    };
-    for (const std::string& before : sections_) {
-        if (place(before) == std::end(kSections) || place(section_) >= place(before)) continue;
-        misplaced(section_ + " stands behind section " + before);
-        break;
-    }
-    sections_.push_back(section_);
+    const auto place = static_cast<std::size_t>(
+        std::find(std::begin(kSections), std::end(kSections), section_) - std::begin(kSections));
+    if (place < furthest_)
+        misplaced(section_ + " stands behind section " + std::string(kSections[furthest_]));
+    else if (place < std::size(kSections)) furthest_ = place;
     inTable_ = false;
     openBlock_ = nullptr;
     if (section_ == "HEADER") checkHeader();
@@ -408,9 +404,9 @@ void Auditor::finish()
     if (version_.empty()) report_.error("header", "no version ($ACADVER)");
     if (marked_) {
         for (const std::string_view name : kSections)
-            if (!contains(sections_, name))
+            if (!sections_.contains(name))
                 report_.error("structure", "section " + std::string(name) + " is missing");
-        for (std::size_t i = 0; i < kTableCount && contains(sections_, "TABLES"); ++i)
+        for (std::size_t i = 0; i < kTableCount && sections_.contains("TABLES"); ++i)
             if (!tables_[i])
                 report_.error("structure",
                               "table " + std::string(tableName(TableId(i))) + " is missing");
@@ -431,7 +427,7 @@ void Auditor::finish()
 void Auditor::finishBlocks()
 {
     for (const auto& [key, handle] : blockRecords_)
-        if (!blocks_.contains(key) && contains(sections_, "BLOCKS"))
+        if (!blocks_.contains(key) && sections_.contains("BLOCKS"))
             report_.add(
                 {true, "block", 0, handle,
                  "BLOCK_RECORD " + handleText(handle) + ": " + quoted(key) + " has no BLOCK"});

@@ -89,8 +89,9 @@ private:
     bool marked_ = true; // of a version with subclass markers, owners and handles everywhere
     AuditRecord record_;
 
-    std::vector<std::string> sections_;
-    std::string section_; // "" between sections
+    std::set<std::string, std::less<>> sections_; // so far
+    std::size_t furthest_ = 0;                    // place in the wanted order
+    std::string section_;                         // "" between sections
     bool inTable_ = false;
     std::string table_; // name of the present table
     Handle seed_ = 0;

@@ -103,10 +103,11 @@ Index AuditIndex::add(const AuditRecord& record, Place place, TableId table)
                 "the handle is that of the " + nameOf(find(record.handle)) + " of line " +
                     std::to_string(known_[find(record.handle)].line));
     if (record.extension != 0) extensions_.push_back({index, 360, record.extension});
-    for (auto it = record.reactors.begin(); it != record.reactors.end(); ++it) {
-        if (find(*it) == kNone) references_.push_back({index, 102, *it});
-        if (std::find(record.reactors.begin(), it, *it) != it)
-            problem(false, "reactor", index, "reactor " + handleText(*it) + " is listed twice");
+    std::set<Handle> listed;
+    for (const Handle reactor : record.reactors) {
+        if (find(reactor) == kNone) references_.push_back({index, 102, reactor});
+        if (record.reactors.size() > 1 && !listed.insert(reactor).second)
+            problem(false, "reactor", index, "reactor " + handleText(reactor) + " is listed twice");
     }
     for (std::size_t i = record.bodyBegin(); i < record.bodyEnd(); ++i) {
         const AuditRecord::Group group = record[i];

@@ -6,6 +6,7 @@
 
 #include "drawing/tags.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,13 @@ public:
     /// Points an existing key at another object; false when there is no such key.
     bool setObject(std::string_view key, Handle object);
     bool remove(std::string_view key);
+    /// Takes out all entries for which `goes` is true, in one pass.
+    template <class Goes>
+    void removeIf(Goes goes)
+    {
+        settle();
+        std::erase_if(entries_, goes);
+    }
     /// A key of "*" makes an anonymous one. False when the old key is missing or the new one is
     /// taken.
     bool rename(std::string_view from, std::string_view to);
@@ -53,12 +61,15 @@ public:
 
 private:
     std::size_t position(std::string_view key) const;
+    std::size_t startOfLastRun() const { return runs_.empty() ? 0 : runs_.back(); }
+    void mergeLastRun() const;
     void settle() const;
 
-    // Sorted by key up to sorted_, then a short unsorted tail of recent additions.
+    // Runs sorted by key, each at least twice as long as the next one: so there are few of them,
+    // and an entry is moved few times.
     mutable std::vector<Entry> entries_;
-    mutable std::size_t sorted_ = 0;
-    bool inFileOrder_ = false; // ranks count, not the sorted order
+    mutable std::vector<std::size_t> runs_; // where the runs behind the first one start
+    bool inFileOrder_ = false;              // ranks count, not the sorted order
     std::uint64_t lastAnonymous_ = 0;
 };
 
