@@ -88,9 +88,9 @@ public:
 private:
     static EditLineEditor& of(EditLine* edit);
     static char* promptOf(EditLine* edit) { return of(edit).prompt_.data(); }
-    static unsigned char onTab(EditLine* edit, int) { return of(edit).completeHere(); }
-    static unsigned char onInterrupt(EditLine* edit, int);
-    static unsigned char onSuspend(EditLine*, int);
+    static unsigned char onTab(EditLine* edit, wint_t) { return of(edit).completeHere(); }
+    static unsigned char onInterrupt(EditLine* edit, wint_t);
+    static unsigned char onSuspend(EditLine*, wint_t);
     unsigned char completeHere();
     void list(const std::vector<std::string>& words);
     void bindKeys();
@@ -136,9 +136,10 @@ EditLineEditor::~EditLineEditor()
 void EditLineEditor::bindKeys()
 {
     el_set(edit_, EL_EDITOR, "emacs");
-    el_set(edit_, EL_ADDFN, "orvald-complete", "complete the word", &onTab);
-    el_set(edit_, EL_ADDFN, "orvald-drop", "drop the line", &onInterrupt);
-    el_set(edit_, EL_ADDFN, "orvald-suspend", "stop the job", &onSuspend);
+    // In the wide form: the narrow one copies the names and never frees them.
+    el_wset(edit_, EL_ADDFN, L"orvald-complete", L"complete the word", &onTab);
+    el_wset(edit_, EL_ADDFN, L"orvald-drop", L"drop the line", &onInterrupt);
+    el_wset(edit_, EL_ADDFN, L"orvald-suspend", L"stop the job", &onSuspend);
     constexpr const char* kKeys[][2] = {
         {"^I", "orvald-complete"},
         {"^C", "orvald-drop"},
@@ -167,13 +168,13 @@ EditLineEditor& EditLineEditor::of(EditLine* edit)
     return *static_cast<EditLineEditor*>(self);
 }
 
-unsigned char EditLineEditor::onInterrupt(EditLine* edit, int)
+unsigned char EditLineEditor::onInterrupt(EditLine* edit, wint_t)
 {
     of(edit).dropped_ = true;
     return CC_EOF;
 }
 
-unsigned char EditLineEditor::onSuspend(EditLine*, int)
+unsigned char EditLineEditor::onSuspend(EditLine*, wint_t)
 {
     kill(0, SIGTSTP); // libedit's action for it sees to the terminal
     return CC_REFRESH;
