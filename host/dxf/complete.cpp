@@ -102,6 +102,12 @@ private:
             for (const Index record : drawing_.tableRecords(table))
                 drawing_.edit(record).owner = drawing_.at(drawing_.tableHead(table)).handle;
         }
+        const Index styles = drawing_.tableHead(TableId::dimstyle);
+        const TagList& head = drawing_.at(styles).tags;
+        if (head.findMarker("AcDbDimStyleTable") == head.end()) { // R13 and R14 do without
+            drawing_.edit(styles).tags.addText(100, "AcDbDimStyleTable");
+            drawing_.edit(styles).tags.addInteger(71, 0);
+        }
         for (const RequiredRecord& required : kRecords) {
             if (drawing_.findRecord(required.table, required.name) != kNone) continue;
             warn(std::string(tableName(required.table)) + " " + std::string(required.name) +
@@ -186,6 +192,13 @@ private:
             drawing_.dictionaryEntry(root, "ACAD_PLOTSTYLENAME"), "Normal");
         const Index material =
             drawing_.dictionaryEntry(drawing_.dictionaryEntry(root, "ACAD_MATERIAL"), "Global");
+        std::size_t dangling = 0;
+        const auto point = [&](Index layer, int code, Index to) {
+            const Handle told = drawing_.at(layer).tags.handle(code);
+            if (to == kNone || drawing_.byHandle(told) != kNone) return;
+            dangling += told != 0 ? 1 : 0;
+            setReference(layer, code, drawing_.at(to).handle);
+        };
         for (const Index layer : drawing_.tableRecords(TableId::layer)) {
             TagList missing;
             const TagList& tags = drawing_.at(layer).tags;
@@ -194,11 +207,12 @@ private:
             if (!tags.has(6)) missing.addText(6, "Continuous");
             if (!tags.has(370)) missing.addInteger(370, -3);
             if (!missing.empty()) drawing_.edit(layer).tags.append(missing);
-            if (drawing_.at(layer).tags.handle(390) == 0 && style != kNone)
-                setReference(layer, 390, drawing_.at(style).handle);
-            if (drawing_.at(layer).tags.handle(347) == 0 && material != kNone)
-                setReference(layer, 347, drawing_.at(material).handle);
+            point(layer, 390, style);
+            point(layer, 347, material);
         }
+        if (dangling != 0)
+            warn(std::to_string(dangling) + " plot styles and materials of layers do not exist: "
+                                            "layers have the usual ones now");
     }
 
     void completeHeader()

@@ -106,6 +106,7 @@ void Loader::record(Section section, Record&& record, std::uint64_t line)
         addMarkers(record, flags);
         if (kind == Kind::block || kind == Kind::blockRecord) bringUpName(record);
     }
+    if (record.isEntity()) mendEntity(record);
     const Index index = takeIn(std::move(record), line);
     switch (section) {
     case Section::tables:
@@ -130,6 +131,24 @@ void Loader::record(Section section, Record&& record, std::uint64_t line)
             drawing_.setRootDictionary(index);
         break;
     }
+}
+
+void Loader::mendEntity(Record& record)
+{
+    if (!record.tags.has(8)) {
+        const auto marker = record.tags.findMarker("AcDbEntity");
+        TagList layer;
+        layer.addText(8, "0");
+        record.tags.insert(marker == record.tags.end() ? record.body() : std::next(marker), layer);
+        noLayers_ += old_ ? 0 : 1;
+    }
+    if (record.kind() == Kind::other) return; // an application's 210 may be anything
+    const auto normal = record.tags.find(210);
+    if (normal == record.tags.end()) return;
+    const Point direction = (*normal).point();
+    if (direction.x != 0.0 || direction.y != 0.0 || direction.z != 0.0) return;
+    record.tags.erase(normal);
+    ++noNormals_;
 }
 
 void Loader::tableHead(Index index, std::uint64_t line)
@@ -299,6 +318,9 @@ void Loader::finish()
 {
     closeParts(0);
     closeBlock(0);
+    if (noNormals_ != 0) warn(0, std::to_string(noNormals_) + " normals of no length are left out");
+    if (noLayers_ != 0)
+        warn(0, std::to_string(noLayers_) + " entities without a layer are on layer 0");
     for (const Index index : unnamed_) drawing_.giveHandle(index);
     for (std::size_t i = 0; i < kTableCount; ++i) {
         const auto table = static_cast<TableId>(i);

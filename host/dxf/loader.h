@@ -44,6 +44,9 @@ public:
 private:
     using Index = drawing::Index;
 
+    /// Gives an entity without a layer one, and takes a normal of no length away, which means
+    /// nothing and is refused by other programs.
+    void mendEntity(drawing::Record& record);
     Index takeIn(drawing::Record&& record, std::uint64_t line);
     void tableHead(Index index, std::uint64_t line);
     void tableRecord(Index index, std::uint64_t line);
@@ -65,6 +68,7 @@ private:
     drawing::Drawing& drawing_;
     Warnings& warnings_;
     bool old_ = false;
+    std::size_t noNormals_ = 0, noLayers_ = 0; // entities that had none
     std::vector<Index> unnamed_;
     std::unordered_map<std::string, int> renamed_; // keys of table records, last number behind them
     Section section_ = Section::tables;

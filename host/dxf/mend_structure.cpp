@@ -21,6 +21,9 @@ public:
     void run()
     {
         for (const Index block : drawing_.tableRecords(TableId::blockRecord)) mendBlock(block);
+        for (const Index style : drawing_.tableRecords(TableId::dimstyle)) mendNames(style);
+        for (const TableId table : {TableId::vport, TableId::view})
+            for (const Index view : drawing_.tableRecords(table)) mendView(view);
         mendRoot();
         const Index count = drawing_.recordCount();
         for (Index i = 0; i < count; ++i)
@@ -71,6 +74,43 @@ private:
         }
         for (const Index part : {extras.blockBegin, extras.blockEnd})
             drawing_.edit(part).owner = drawing_.at(block).handle;
+    }
+
+    /// What a dimension style names, it points to.
+    void mendNames(Index style)
+    {
+        TagList fresh;
+        bool anyName = false;
+        for (const Tag tag : drawing_.at(style).tags) {
+            if (!tag.isText() || tag.code() < 340 || tag.code() > 347) {
+                fresh.add(tag);
+                continue;
+            }
+            anyName = true;
+            const TableId table = tag.code() == 340   ? TableId::style
+                                  : tag.code() <= 344 ? TableId::blockRecord
+                                                      : TableId::ltype;
+            const Index named = drawing_.findRecord(table, tag.text());
+            fresh.addHandle(tag.code(), named == kNone ? 0 : drawing_.at(named).handle);
+        }
+        if (!anyName) return;
+        warn(nameOf(style) + ": names stood where handles belong");
+        drawing_.edit(style).tags = fresh;
+    }
+
+    /// A view without the style or background that it points to has none.
+    void mendView(Index view)
+    {
+        bool mended = false;
+        TagList& tags = drawing_.edit(view).tags;
+        for (auto at = tags.begin(); at != tags.end(); ++at) {
+            const Tag tag = *at;
+            const bool hard = tag.code() >= 340 && tag.code() <= 369 && tag.handle() != 0;
+            if (!hard || drawing_.byHandle(tag.handle()) != kNone) continue;
+            tags.setHandle(at, 0);
+            mended = true;
+        }
+        if (mended) warn(nameOf(view) + " pointed to objects that do not exist");
     }
 
     void mendRoot()

@@ -2,6 +2,7 @@
 // Sections, tables and records of a DXF text.
 #include "parser.h"
 
+#include "number_in.h"
 #include "text_in.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ void Parser::run()
         readSection();
         need();
     }
-    if (version_.empty()) in_.fail("no version ($ACADVER) in the header");
+    if (version_.empty()) assumeOldVersion();
     std::uint64_t line = 0;
     if (in_.linesBehind(line) != 0)
         handler_.warn(line, "text after the end of the drawing is left out");
@@ -72,8 +73,7 @@ void Parser::readSection()
 {
     const std::string name(plainText());
     if (name == "HEADER") return readHeader();
-    if (version_.empty())
-        in_.fail("section " + name + " without a header in front that tells the version");
+    if (version_.empty()) assumeOldVersion();
     if (name == "CLASSES") return readClasses();
     if (name == "TABLES") return readTables();
     if (name == "BLOCKS") return readRecords(Section::blocks);
@@ -82,8 +82,19 @@ void Parser::readSection()
     readRaw(name);
 }
 
+void Parser::assumeOldVersion()
+{
+    version_ = kOldVersion;
+    assumed_ = true;
+    handler_.warn(in_.line(), "no header tells the version: read as R12");
+    drawing::TagList value;
+    value.addText(1, version_);
+    handler_.variable("$ACADVER", value);
+}
+
 void Parser::readHeader()
 {
+    if (assumed_) in_.fail("section HEADER stands behind others");
     std::string name;
     const auto flush = [&] {
         tags_.finish();
@@ -196,6 +207,7 @@ void Parser::readRecord(Section section, Family family)
             if (head_ && in_.code() == 3 && isDictionary(record.kind())) needDictionaryMarker();
             if (inXdata) xdata_.take(in_);
             else if (head_) readHeadGroup(record);
+            else if (namesRecord(record)) tags_.takeText(in_);
             else if (!isDictionary(record.kind()) || !readEntry(record)) tags_.take(in_);
         }
         if (keyOpen_) in_.fail("key " + quoted(key_) + " of a dictionary names no object");
@@ -225,9 +237,8 @@ void Parser::readHeadGroup(Record& record)
         tags_.take(in_);
         return;
     }
-    const bool isDimstyle = record.kind() == Kind::dimstyle;
-    if (isDimstyle && code == 5) return tags_.takeText(in_); // before R13 the name of a block
-    const bool isHandle = code == (isDimstyle ? 105 : 5);
+    if (namesRecord(record)) return tags_.takeText(in_);
+    const bool isHandle = code == (record.kind() == Kind::dimstyle ? 105 : 5);
     if (braces_ == Braces::extension && code == 360) {
         record.needExtras().extensionDictionary = readHandle(in_);
     } else if (braces_ == Braces::reactors && code == 330) {
@@ -240,6 +251,15 @@ void Parser::readHeadGroup(Record& record)
     } else {
         tags_.take(in_);
     }
+}
+
+bool Parser::namesRecord(const Record& record) const
+{
+    drawing::Handle handle = 0;
+    const int code = in_.code();
+    return record.kind() == Kind::dimstyle &&
+           (code == 5 ||
+            (code >= 340 && code <= 347 && readHandle(in_.value(), handle) != Reading::good));
 }
 
 void Parser::readBrace()

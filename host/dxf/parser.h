@@ -11,6 +11,8 @@ namespace orvald::dxf {
 
 /// True for the versions that are read: "AC1009" to "AC1032".
 bool isReadVersion(std::string_view version);
+/// The version of files that tell none (R12).
+inline constexpr std::string_view kOldVersion = "AC1009";
 /// From this version on (R2000) records have handles, owners and subclass markers.
 inline constexpr std::string_view kFirstMarkedVersion = "AC1015";
 
@@ -54,6 +56,8 @@ public:
 private:
     void readSection();
     void readHeader();
+    /// Files of simple programs have entities and nothing else: that was allowed in R12.
+    void assumeOldVersion();
     /// From the header variable that has just been read.
     void setEncoding();
     void readClasses();
@@ -63,6 +67,9 @@ private:
     /// Reads the record that the present group 0 opens; stands on the next group 0 then.
     void readRecord(Section section, drawing::Family family);
     void readHeadGroup(drawing::Record& record);
+    /// In a dimension style of old versions group 5 is the name of an arrow; some programs put
+    /// names where handles of text style and arrows belong, too.
+    bool namesRecord(const drawing::Record& record) const;
     void readBrace();
     void closeBraces();
     void needDictionaryMarker();
@@ -86,6 +93,7 @@ private:
         reactors,
         other
     } braces_ = Braces::none;
+    bool assumed_ = false; // the version is not told
     bool head_ = false, hasOwner_ = false, keyOpen_ = false;
 };
 

@@ -76,7 +76,6 @@ TEST(Damage, WhatCannotBeUnderstoodIsRefusedWithItsPlace)
         {std::string("AutoCAD Binary DXF\r\n\x1A\0\0\0SECTION\0\x96\0", 34), "is no group code"},
         {replaced(good, "  0\nEOF\n", ""), "the file ends too early"},
         {replaced(good, "AC1027", "AC1003"), "is not read"},
-        {replaced(good, "$ACADVER", "$OTHER"), "without a header"},
         {replaced(good, groups("0 ENDSEC|0 SECTION|2 CLASSES"), groups("0 SECTION|2 CLASSES")),
          "HEADER has no ENDSEC"},
         {replaced(good, groups("0 ENDSEC|0 SECTION|2 OBJECTS"), groups("0 SECTION|2 OBJECTS")),
@@ -136,6 +135,10 @@ TEST(Damage, WhatCanBeMendedIsMendedAndTold)
         std::string_view warning;
     };
     const std::string good = newText();
+    const auto intoTable = [&](const std::string& table, const std::string& record) {
+        const std::size_t start = good.find(groups("0 TABLE|2 " + table));
+        return std::string(good).insert(good.find(groups("0 ENDTAB"), start), groups(record));
+    };
     const Case cases[] = {
         {entity("0 LINE|330 1F|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|30 0.0"),
          "without a handle"},
@@ -172,6 +175,17 @@ TEST(Damage, WhatCanBeMendedIsMendedAndTold)
         {object("0 DICTIONARY|5 A1|330 C|3 one|350 A2|0 XRECORD|5 A2|330 A1|100 AcDbXrecord"),
          "no subclass marker"},
         {good + "more\n", "after the end"},
+        {replaced(good, "$ACADVER", "$OTHER"), "read as R12"},
+        {intoTable("DIMSTYLE", "0 DIMSTYLE|105 A1|330 A|100 AcDbSymbolTableRecord|100 "
+                               "AcDbDimStyleTableRecord|2 X|70 0|340 Standard|341"),
+         "names stood where handles belong"},
+        {intoTable("LAYER",
+                   "0 LAYER|5 A1|330 2|2 X|70 0|62 1|6 Continuous|370 0|390 DEAD|347 DEAD"),
+         "2 plot styles and materials"},
+        {intoTable("VPORT", "0 VPORT|5 A1|330 8|2 X|70 0|348 DEAD"), "do not exist"},
+        {entity("0 CIRCLE|5 A1|330 1F|100 AcDbEntity|8 0|210 0.0|220 0.0|230 0.0"),
+         "normals of no length"},
+        {entity("0 POINT|5 A1|330 1F|100 AcDbEntity|62 1|10 0.0|20 0.0"), "without a layer"},
         {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|150 what"), "do not exist"},
         {entity("0 NEW|5 A1|330 1F|100 AcDbEntity|8 0|310 no hex"), "not hexadecimal"}};
     for (const Case& c : cases) {
@@ -212,10 +226,10 @@ TEST(Damage, WhatBreaksReadersEndsWithItsLineOrIsMended)
     const std::string block = "0 BLOCK|5 A2|330 A1|8 0|2 B|70 0|10 0.0|20 0.0|30 0.0|3 B|1|";
     const Case cases[] = {
         // Groups where their record has none, and data on records that have none.
-        {"points first", entity("0 LWPOLYLINE|5 A1|330 1F|10 1.0|20 2.0|42 1.0|90 3"), ""},
+        {"points first", entity("0 LWPOLYLINE|5 A1|330 1F|8 0|10 1.0|20 2.0|42 1.0|90 3"), ""},
         {"no container", entity("0 VERTEX|5 A1|330 1F|42 1.0|10 1.0"), "stands alone", true},
         {"edge without path",
-         entity("0 HATCH|5 A1|330 1F|100 AcDbHatch|93 4|72 3|10 1.0|73 1|94 5"), ""},
+         entity("0 HATCH|5 A1|330 1F|8 0|100 AcDbHatch|93 4|72 3|10 1.0|73 1|94 5"), ""},
         {"xdata on a head",
          replaced(good, groups("0 ENDTAB|0 TABLE|2 LAYER"),
                   groups("1001 ACAD|1070 1|0 ENDTAB|0 TABLE|2 LAYER")),
@@ -225,18 +239,18 @@ TEST(Damage, WhatBreaksReadersEndsWithItsLineOrIsMended)
                   groups("0 CLASS|1 X|2 Y|3 Z|90 0|91 0|280 0|281 0|1001 ACAD|1000 x|"
                          "0 ENDSEC|0 SECTION|2 TABLES")),
          ""},
-        {"long binary", entity("0 POINT|5 A1|330 1F|1001 ACAD|1004 " + std::string(100000, 'A')),
-         ""},
-        {"odd binary", entity("0 POINT|5 A1|330 1F|1001 ACAD|1004 ABC"), "not hexadecimal"},
-        {"xdata alone", entity("0 POINT|5 A1|330 1F|1000 x|1002 }|1070 5"), ""},
+        {"long binary",
+         entity("0 POINT|5 A1|330 1F|8 0|1001 ACAD|1004 " + std::string(100000, 'A')), ""},
+        {"odd binary", entity("0 POINT|5 A1|330 1F|8 0|1001 ACAD|1004 ABC"), "not hexadecimal"},
+        {"xdata alone", entity("0 POINT|5 A1|330 1F|8 0|1000 x|1002 }|1070 5"), ""},
         // Numbers.
         {"a blank exponent", replaced(line, "7.25", "1.000000E 20"), "is no number", true},
         {"no number", replaced(line, "7.25", ""), "is no number", true},
         {"two dots", replaced(line, "7.25", "1.2.3"), "is no number", true},
         {"hexadecimal", replaced(line, "7.25", "0x10"), "is no number", true},
-        {"infinite angle", entity("0 ARC|5 A1|330 1F|50 inf"), "is not finite", true},
+        {"infinite angle", entity("0 ARC|5 A1|330 1F|8 0|50 inf"), "is not finite", true},
         {"huge angle",
-         entity("0 ARC|5 A1|330 1F|100 AcDbCircle|10 0.0|20 0.0|40 1.0|100 AcDbArc|50 1e308|51 "
+         entity("0 ARC|5 A1|330 1F|8 0|100 AcDbCircle|10 0.0|20 0.0|40 1.0|100 AcDbArc|50 1e308|51 "
                 "-1e308"),
          ""},
         // Circles of references.
@@ -267,7 +281,7 @@ TEST(Damage, WhatBreaksReadersEndsWithItsLineOrIsMended)
                 "AcDbXrecord"),
          "something else than its dictionary"},
         // Missing parts.
-        {"no header", without("HEADER"), "without a header", true},
+        {"no header", without("HEADER"), "read as R12"},
         {"no objects", without("OBJECTS"), "no root dictionary"},
         {"no tables", without("TABLES"), "is missing"},
         {"no blocks", without("BLOCKS"), "has no definition"},

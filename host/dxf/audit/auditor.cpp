@@ -217,6 +217,11 @@ void Auditor::beginSection()
     inTable_ = false;
     openBlock_ = nullptr;
     if (section_ == "HEADER") checkHeader();
+    else if (version_.empty() && marked_) {
+        misplaced(section_ + ", though no header tells the version: judged as R12");
+        marked_ = false;
+        index_.setMarked(false);
+    }
 }
 
 void Auditor::endSection()

@@ -37,7 +37,7 @@ void Auditor::checkLayer()
 
 void Auditor::checkDictionary(Index index)
 {
-    if (record_.text(100) != "AcDbDictionary")
+    if (marked_ && record_.text(100) != "AcDbDictionary")
         error("no-marker", "no subclass marker AcDbDictionary");
     const bool hard = record_.whole(280) == 1;
     std::set<std::string> keys;
@@ -71,6 +71,7 @@ void Auditor::checkDictionary(Index index)
 
 void Auditor::checkXrecord()
 {
+    if (!marked_) return;
     if (record_.text(100) != "AcDbXrecord" || record_[record_.bodyBegin()].code != 100)
         return error("no-marker", "no subclass marker AcDbXrecord");
     const std::size_t first = record_.bodyBegin() + 1;
