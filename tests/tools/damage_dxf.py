@@ -206,6 +206,7 @@ FAULTS = [
     ("entry_itself", "dictionary-entry", lambda d: d.insert(root(d)[1], f"3 ME|350 {d.handle(root(d))}")),
     ("entry_entity", "dictionary-entry", lambda d: d.insert(root(d)[1], f"3 LINE|350 {d.handle(line(d))}")),
     ("entry_nothing", "dictionary-entry", lambda d: d.insert(root(d)[1], "3 NOTHING|350 0")),
+    ("no_default", "dictionary-entry", lambda d: d.drop(d.record("ACDBDICTIONARYWDFLT", "OBJECTS"), 340)),
     ("entry_of_another", "dictionary-entry",
      lambda d: d.set(d.record("XRECORD", "OBJECTS"), 330, d.handle(root(d)))),
     ("root_owner", "root-dictionary", lambda d: d.set(root(d), 330, model(d))),

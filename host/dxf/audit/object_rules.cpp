@@ -39,6 +39,8 @@ void Auditor::checkDictionary(Index index)
 {
     if (marked_ && record_.text(100) != "AcDbDictionary")
         error("no-marker", "no subclass marker AcDbDictionary");
+    if (record_.is("ACDBDICTIONARYWDFLT") && !record_.has(340))
+        error("dictionary-entry", "no default entry (340)");
     const bool hard = record_.whole(280) == 1;
     std::set<std::string> keys;
     std::string_view key;
