@@ -94,13 +94,22 @@ private:
     std::string path_;
 };
 
+/// Exit status of a tool that another program's library is missing for.
+inline constexpr int kNoLibrary = 77;
+
+/// Runs a tool of the tests; its exit status.
+inline int runTool(const std::string& name, const std::string& arguments)
+{
+    const std::string command = "/usr/bin/python3 '" + std::string(KEX_SOURCE_DIR) +
+                                "/tests/tools/" + name + "' " + arguments;
+    return std::system(command.c_str()) / 256;
+}
+
 /// Passes when another program's library finds nothing wrong with the file, or is not installed.
 inline void expectAudited(const std::string& path)
 {
-    const std::string tool = std::string(KEX_SOURCE_DIR) + "/tests/tools/dxf_audit.py";
-    const int status = std::system(("/usr/bin/python3 '" + tool + "' '" + path + "'").c_str());
-    const int code = status / 256;
-    if (code == 77 || code == 127) return;
+    const int code = runTool("dxf_audit.py", "'" + path + "'");
+    if (code == kNoLibrary || code == 127) return; // no Python either
     EXPECT_EQ(code, 0) << path;
 }
 

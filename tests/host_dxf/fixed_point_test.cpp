@@ -222,10 +222,10 @@ TEST(FixedPoint, DrawingsOfAnotherProgramSettleWithTheFirstSaving)
     for (const std::string& version : sampleVersions()) paths.push_back(samplePath(version));
     for (const std::string_view kind : {"mixed", "data"}) {
         const std::string path = folder.file(kind);
-        const std::string tool = std::string(KEX_SOURCE_DIR) + "/tests/tools/make_dxf.py";
-        const std::string command = "/usr/bin/python3 '" + tool + "' " + std::string(kind) +
-                                    " 200 '" + path + "' 2>/dev/null";
-        if (std::system(command.c_str()) == 0) paths.push_back(path); // else it is not installed
+        const int made = runTool("make_dxf.py", std::string(kind) + " 200 '" + path + "'");
+        if (made == kNoLibrary) continue;
+        ASSERT_EQ(made, 0);
+        paths.push_back(path);
     }
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);

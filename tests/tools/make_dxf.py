@@ -10,13 +10,17 @@
     make_dxf.py old R12 OUT           all that R12 can hold
 
 A further word "bin" makes a binary file. Equal arguments give equal geometry: numbers come from a fixed seed.
+Exit 77 when ezdxf is missing.
 """
 import math
 import random
 import sys
 
-import ezdxf
-from ezdxf.math import Vec2, Vec3
+try:
+    import ezdxf
+    from ezdxf.math import Vec2, Vec3
+except ImportError:
+    sys.exit(77)
 
 
 def add_resources(doc):
